@@ -1,0 +1,45 @@
+// The window system: one main window with a menu bar, a scrolling canvas and a status bar.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/event.h"
+#include "platform/menu.h"
+#include "platform/painter.h"
+#include "platform/ui.h"
+
+namespace mardel {
+
+struct main_window {
+  std::string title;
+  int width = 0, height = 0;  // at the start, without the frame
+  int least_width = 0, least_height = 0;
+  int most_width = 0, most_height = 0;
+  int canvas_width = 0, canvas_height = 0;
+  int scroll_step = 0;                   // pixels
+  std::vector<int> status_field_widths;  // pixels; 0 takes the rest of the window
+  std::function<void(painter&)> draw_canvas;
+};
+
+class desktop : public ui {
+ public:
+  virtual const text_metrics& Metrics() const = 0;
+  virtual void OpenMainWindow(const main_window& contents) = 0;
+  virtual void SetMenuBar(const std::vector<menu>& menus) = 0;
+  // A key of the main window that is no menu item's shortcut, such as "Escape".
+  virtual void AddShortcut(const std::string& key, int id) = 0;
+  // Hands each event to `handle` until it returns false; returns the process's exit code.
+  virtual int Run(const std::function<bool(const event&)>& handle) = 0;
+};
+
+// Null when the desktop can't be reached (no display). `arguments` are those of main, which the
+// toolkit's own options are taken from.
+std::unique_ptr<desktop> StartDesktop(int& argument_count, char** arguments);
+
+// Measures without fonts or a display, for work whose results no picture shows.
+std::unique_ptr<text_metrics> FixedTextMetrics();
+
+}  // namespace mardel

@@ -1,0 +1,190 @@
+#include "platform/qt/gadget_widgets.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPixmap>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTreeWidget>
+#include <algorithm>
+
+#include "platform/png.h"
+#include "platform/qt/gadget_fitting.h"
+#include "platform/qt/qt_text.h"
+#include "platform/qt/text_entry.h"
+
+namespace mardel {
+namespace {
+
+constexpr int kTextSlack = 2;             // what rounding may take from a text's room
+constexpr int kIndexRole = Qt::UserRole;  // of a tree's item: its index in gadget::items
+
+// Shows what fits of a text, and all of it in the tooltip.
+QString Fitting(QWidget& shown, const QString& text, int room, Qt::TextElideMode mode) {
+  QString fitting = shown.fontMetrics().elidedText(text, mode, room);
+  if (fitting != text) shown.setToolTip(TooltipText(FromQt(text)));
+  return fitting;
+}
+
+Qt::Alignment AlignmentOf(gadget_kind kind) {
+  if (kind == gadget_kind::kRightLabel) return Qt::AlignRight;
+  return kind == gadget_kind::kCentredLabel ? Qt::AlignHCenter : Qt::AlignLeft;
+}
+
+QWidget* AtPlace(QWidget* made, const gadget& described) {
+  made->setGeometry(PlaceOf(described));
+  return made;
+}
+
+QWidget* MakeLabel(const gadget& described, QWidget& parent, const window& contents) {
+  auto* const label = new QLabel(&parent);
+  label->ensurePolished();  // before its font is asked for
+  label->setTextFormat(Qt::PlainText);
+  label->setAlignment(AlignmentOf(described.kind) | Qt::AlignVCenter);
+  const QString text = OneLine(described.text);
+  const int wanted = label->fontMetrics().horizontalAdvance(text) + kTextSlack;
+  label->setGeometry(FittingPlace(contents, described, wanted));
+  label->setText(Fitting(*label, text, label->width(), Qt::ElideMiddle));
+  label->setAccessibleName(text);
+  if (described.ink != 0) {
+    QPalette colours = label->palette();
+    colours.setColor(QPalette::WindowText, {RedOf(described.ink), GreenOf(described.ink),
+                                            BlueOf(described.ink), AlphaOf(described.ink)});
+    label->setPalette(colours);
+  }
+  return label;
+}
+
+template <class button>
+QWidget* MakeChoice(const gadget& described, QWidget& parent, const window& contents) {
+  auto* const choice = new button(&parent);
+  choice->ensurePolished();  // before its font is asked for
+  const QString text = OneLine(described.text);
+  choice->setText(ButtonText(described.text));
+  const int box = choice->sizeHint().width() - choice->fontMetrics().horizontalAdvance(text);
+  const int wanted = choice->sizeHint().width() + kTextSlack;
+  const QRect place = FittingPlace(contents, described, wanted);
+  choice->setGeometry(place);
+  const QString fitting = Fitting(*choice, text, place.width() - box, Qt::ElideRight);
+  choice->setText(QString(fitting).replace("&", "&&"));
+  choice->setAccessibleName(text);
+  choice->setChecked(described.checked);
+  return choice;
+}
+
+QWidget* MakeButton(const gadget& described, QWidget& parent, const gadget_sink& used) {
+  auto* const button = new QPushButton(ButtonText(described.text), &parent);
+  button->setDefault(described.kind == gadget_kind::kDefaultButton);
+  QObject::connect(button, &QPushButton::clicked, button, [used, id = described.id] { used(id); });
+  return button;
+}
+
+QWidget* MakeTree(const gadget& described, QWidget& parent, const gadget_sink& used) {
+  auto* const tree = new QTreeWidget(&parent);
+  tree->setHeaderHidden(true);
+  tree->setUniformRowHeights(true);
+  QTreeWidgetItem* above = nullptr;
+  QList<QTreeWidgetItem*> roots;
+  int index = 0;
+  for (const tree_item& each : described.items) {
+    const bool is_child = each.level > 0 && above != nullptr;
+    auto* const added = is_child ? new QTreeWidgetItem(above) : new QTreeWidgetItem;
+    added->setText(0, OneLine(each.text));
+    added->setData(0, kIndexRole, index++);
+    if (is_child) continue;
+    above = added;
+    roots.push_back(added);
+  }
+  tree->addTopLevelItems(roots);
+  QObject::connect(tree, &QTreeWidget::itemSelectionChanged, tree,
+                   [used, id = described.id] { used(id); });
+  return tree;
+}
+
+QWidget* MakeImage(const gadget& described, QWidget& parent) {
+  auto* const label = new QLabel(&parent);
+  label->setGeometry(PlaceOf(described));
+  label->setScaledContents(true);
+  const std::optional<picture> decoded = DecodePng(described.text);
+  if (!decoded) return label;
+  QImage image(decoded->width, decoded->height, QImage::Format_RGBA8888);
+  for (int y = 0; y < decoded->height; ++y) {
+    const auto row = static_cast<std::size_t>(y) * static_cast<std::size_t>(decoded->width);
+    std::copy_n(reinterpret_cast<const uchar*>(decoded->pixels.data() + row),
+                4 * static_cast<std::size_t>(decoded->width), image.scanLine(y));
+  }
+  const double ratio = label->devicePixelRatioF();
+  QPixmap pixmap = QPixmap::fromImage(
+      image.scaled(label->size() * ratio, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+  pixmap.setDevicePixelRatio(ratio);
+  label->setPixmap(pixmap);
+  return label;
+}
+
+QWidget* MakePlainText(const gadget& described, QWidget& parent) {
+  auto* const editor = new text_editor(described.text, parent);
+  editor->setReadOnly(described.kind == gadget_kind::kReadOnlyText);
+  return editor;
+}
+
+QWidget* Make(const gadget& described, QWidget& parent, const window& contents,
+              const gadget_sink& used) {
+  switch (described.kind) {
+    case gadget_kind::kLabel:
+    case gadget_kind::kCentredLabel:
+    case gadget_kind::kRightLabel:
+      return MakeLabel(described, parent, contents);
+    case gadget_kind::kTextField:
+      return AtPlace(new text_field(described.text, parent), described);
+    case gadget_kind::kEditor:
+    case gadget_kind::kReadOnlyText:
+      return AtPlace(MakePlainText(described, parent), described);
+    case gadget_kind::kCheckBox:
+      return MakeChoice<QCheckBox>(described, parent, contents);
+    case gadget_kind::kOption:
+      return MakeChoice<QRadioButton>(described, parent, contents);
+    case gadget_kind::kButton:
+    case gadget_kind::kDefaultButton:
+      return AtPlace(MakeButton(described, parent, used), described);
+    case gadget_kind::kTree:
+      return AtPlace(MakeTree(described, parent, used), described);
+    case gadget_kind::kImage:
+      return MakeImage(described, parent);
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+QWidget* MakeGadget(const gadget& described, QWidget& parent, const window& contents,
+                    const gadget_sink& used) {
+  QWidget* const made = Make(described, parent, contents, used);
+  if (!described.tooltip.empty()) made->setToolTip(TooltipText(described.tooltip));
+  return made;
+}
+
+std::string TextOf(const QWidget& widget) {
+  if (const auto* field = dynamic_cast<const QLineEdit*>(&widget)) return FromQt(field->text());
+  if (const auto* editor = dynamic_cast<const text_editor*>(&widget)) return editor->Text();
+  return {};
+}
+
+void SetTextOf(QWidget& widget, const std::string& text) {
+  if (auto* field = dynamic_cast<QLineEdit*>(&widget)) field->setText(ToQt(text));
+  if (auto* editor = dynamic_cast<QPlainTextEdit*>(&widget)) editor->setPlainText(LinesToQt(text));
+}
+
+bool IsChecked(const QWidget& widget) {
+  const auto* choice = dynamic_cast<const QAbstractButton*>(&widget);
+  return choice != nullptr && choice->isChecked();
+}
+
+int SelectedItem(const QWidget& widget) {
+  const auto* tree = dynamic_cast<const QTreeWidget*>(&widget);
+  const auto selected = tree == nullptr ? QList<QTreeWidgetItem*>() : tree->selectedItems();
+  return selected.isEmpty() ? -1 : selected.front()->data(0, kIndexRole).toInt();
+}
+
+}  // namespace mardel

@@ -1,0 +1,26 @@
+// Makes the widget of one gadget.
+#pragma once
+
+#include <QString>
+#include <QWidget>
+#include <functional>
+#include <string>
+
+#include "platform/ui.h"
+
+namespace mardel {
+
+// What the user can do with a gadget that the program hears of: press a button, choose in a tree.
+using gadget_sink = std::function<void(int gadget_id)>;
+
+// A child of `parent` at the gadget's place in the window `contents`. Labels, check boxes and
+// options whose text is wider than their place grow into the free room of their row.
+QWidget* MakeGadget(const gadget& described, QWidget& parent, const window& contents,
+                    const gadget_sink& used);
+
+std::string TextOf(const QWidget& widget);
+void SetTextOf(QWidget& widget, const std::string& text);
+bool IsChecked(const QWidget& widget);
+int SelectedItem(const QWidget& widget);
+
+}  // namespace mardel

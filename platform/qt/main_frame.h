@@ -1,0 +1,36 @@
+// The main window: menu bar, scrolling canvas, status bar.
+#pragma once
+
+#include <QMainWindow>
+#include <QScrollArea>
+
+#include "platform/desktop.h"
+#include "platform/qt/canvas.h"
+#include "platform/qt/menu_bar.h"
+#include "platform/qt/status_fields.h"
+
+namespace mardel {
+
+class main_frame : public QMainWindow {
+ public:
+  // `layouts` must outlive the window.
+  main_frame(const main_window& contents, event_sink deliver, text_layouts& layouts);
+
+  canvas& Canvas() { return *canvas_; }
+  menu_bar& Menus() { return menus_; }
+  status_fields& Status() { return *status_; }
+  void ScrollBy(int pixels);
+
+ protected:
+  void closeEvent(QCloseEvent* happened) override;
+  void resizeEvent(QResizeEvent* happened) override;
+
+ private:
+  event_sink deliver_;
+  menu_bar menus_;
+  QScrollArea* area_;  // these are children of this
+  canvas* canvas_;
+  status_fields* status_;
+};
+
+}  // namespace mardel

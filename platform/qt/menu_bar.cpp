@@ -1,0 +1,121 @@
+#include "platform/qt/menu_bar.h"
+
+#include <QMenu>
+#include <QMenuBar>
+#include <QProxyStyle>
+#include <QShortcut>
+#include <utility>
+
+#include "platform/qt/qt_text.h"
+
+namespace mardel {
+namespace {
+
+constexpr std::size_t kManyItems = 200;
+
+// Long menus scroll, where the style would make them wider than the screen.
+class scrolling_menu_style : public QProxyStyle {
+ public:
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* result) const override {
+    return hint == SH_Menu_Scrollable ? 1 : QProxyStyle::styleHint(hint, option, widget, result);
+  }
+};
+
+QAction::MenuRole ToQt(menu_role role) {
+  switch (role) {
+    case menu_role::kAbout:
+      return QAction::AboutRole;
+    case menu_role::kPreferences:
+      return QAction::PreferencesRole;
+    case menu_role::kQuit:
+      return QAction::QuitRole;
+    case menu_role::kNone:
+      break;
+  }
+  return QAction::NoRole;
+}
+
+// The shortcut's label stays behind its tab; a tab in any other text is a blank.
+QString CommandText(const menu_item& described) {
+  const std::size_t tab = described.text.find('\t');
+  if (described.shortcut.empty() || tab == std::string::npos) return ButtonText(described.text);
+  return ButtonText(described.text.substr(0, tab)) + '\t' +
+         ButtonText(described.text.substr(tab + 1));
+}
+
+}  // namespace
+
+menu_bar::menu_bar(QMainWindow& owner, std::function<void(int id)> chosen)
+    : owner_(owner), chosen_(std::move(chosen)) {}
+
+void menu_bar::Set(const std::vector<menu>& menus) {
+  auto* const bar = new QMenuBar;
+  owner_.setMenuBar(bar);  // deletes the one before
+  checkable_.clear();
+  menus_ = menus;
+  for (const menu& described : menus_)
+    Fill(*bar->addMenu(ButtonText(described.title)), described.items);
+}
+
+void menu_bar::Check(int id, bool checked) {
+  checked_[id] = checked;
+  const auto found = checkable_.find(id);
+  if (found != checkable_.end()) found->second->setChecked(checked);
+}
+
+void menu_bar::AddShortcut(const std::string& key, int id) {
+  auto* const added = new QShortcut(QKeySequence(ToQt(key)), &owner_);
+  QObject::connect(added, &QShortcut::activated, &owner_, [this, id] { chosen_(id); });
+}
+
+void menu_bar::Fill(QMenu& target, const std::vector<menu_item>& items) {
+  for (const menu_item& described : items) {
+    switch (described.kind) {
+      case menu_item_kind::kSeparator:
+        target.addSeparator();
+        break;
+      case menu_item_kind::kSubmenu:
+        AddSubmenu(target, described);
+        break;
+      case menu_item_kind::kCommand:
+      case menu_item_kind::kCheckable:
+        AddCommand(target, described);
+        break;
+    }
+  }
+}
+
+void menu_bar::AddSubmenu(QMenu& target, const menu_item& described) {
+  auto* const added = target.addMenu(ButtonText(described.text));
+  QObject::connect(added, &QMenu::aboutToShow, added, [this, added, &described] {
+    if (!added->isEmpty()) return;
+    if (described.items.size() > kManyItems) {
+      auto* const style = new scrolling_menu_style;
+      style->setParent(added);
+      added->setStyle(style);
+    }
+    Fill(*added, described.items);
+  });
+}
+
+void menu_bar::AddCommand(QMenu& target, const menu_item& described) {
+  auto* const added = target.addAction(CommandText(described));
+  added->setMenuRole(ToQt(described.role));
+  if (!described.shortcut.empty()) added->setShortcut(QKeySequence(ToQt(described.shortcut)));
+  // What desktops have agreed on; the toolkit knows it on some of them only.
+  if (described.role == menu_role::kQuit) added->setShortcut(QKeySequence("Ctrl+Q"));
+  const int id = described.id;
+  if (described.kind == menu_item_kind::kCheckable) {
+    added->setCheckable(true);
+    added->setChecked(checked_[id]);
+    checkable_[id] = added;
+  }
+  QObject::connect(added, &QAction::triggered, &owner_, [this, added, id] {
+    // The program says what is checked.
+    if (added->isCheckable()) added->setChecked(!added->isChecked());
+    chosen_(id);
+  });
+}
+
+}  // namespace mardel

@@ -1,0 +1,135 @@
+#include "platform/picture_file.h"
+
+#include <QBuffer>
+#include <QGuiApplication>
+#include <QImage>
+#include <QImageWriter>
+#include <QPageSize>
+#include <QPdfWriter>
+#include <QSvgGenerator>
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "platform/qt/qt_painter.h"
+#include "platform/qt/qt_text_metrics.h"
+#include "platform/qt/text_layouts.h"
+#include "platform/qt/toolkit_log.h"
+
+namespace mardel {
+namespace {
+
+using drawing = std::function<void(painter&)>;
+
+constexpr const char* kTitle = "Mardel design";
+constexpr int kPixelsPerInch = 96;
+constexpr int kPdfDotsPerInch = 1200;
+constexpr double kPointsPerInch = 72;
+
+QRectF AreaOf(const picture_frame& frame) {
+  return {static_cast<double>(frame.area.x), static_cast<double>(frame.area.y),
+          static_cast<double>(frame.area.width), static_cast<double>(frame.area.height)};
+}
+
+QSize PixelsOf(const picture_frame& frame) {
+  return (AreaOf(frame).size() * frame.scale).toSize().expandedTo({1, 1});
+}
+
+void Draw(QPainter& target, const QRectF& area, const drawing& draw) {
+  target.setFont(CanvasFont());  // vector files name one even where they draw no text
+  text_layouts layouts;
+  qt_painter drawn(target, area, layouts);
+  draw(drawn);
+}
+
+bool WritePng(QBuffer& file, const picture_frame& frame, const drawing& draw) {
+  QImage pixels(PixelsOf(frame), QImage::Format_RGB32);
+  if (pixels.isNull()) return false;
+  pixels.setDotsPerMeterX(0);  // else the file tells the screen's
+  pixels.setDotsPerMeterY(0);
+  QPainter target(&pixels);
+  target.scale(frame.scale, frame.scale);
+  target.translate(-AreaOf(frame).topLeft());
+  Draw(target, AreaOf(frame), draw);
+  target.end();
+  return QImageWriter(&file, "png").write(pixels);
+}
+
+bool WriteSvg(QBuffer& file, const picture_frame& frame, const drawing& draw) {
+  QSvgGenerator generator;
+  generator.setOutputDevice(&file);
+  generator.setResolution(kPixelsPerInch);
+  generator.setSize(PixelsOf(frame));
+  generator.setViewBox(AreaOf(frame));
+  generator.setTitle(kTitle);
+  generator.setDescription({});
+  QPainter target(&generator);
+  if (!target.isActive()) return false;
+  Draw(target, AreaOf(frame), draw);
+  return target.end();
+}
+
+// With blanks in its place, since the file tells the places of what follows.
+void RemoveDate(QByteArray& pdf) {
+  constexpr QByteArrayView kDate = "/CreationDate (";
+  const qsizetype start = pdf.indexOf(kDate);
+  const qsizetype end = pdf.indexOf(')', start);
+  if (start >= 0 && end >= 0) std::fill(pdf.begin() + start, pdf.begin() + end + 1, ' ');
+}
+
+bool WritePdf(QBuffer& file, const picture_frame& frame, const drawing& draw) {
+  const double points = frame.scale * kPointsPerInch / kPixelsPerInch;
+  const QRectF area = AreaOf(frame);
+  // Pages are whole points, and drawn all over.
+  const QSizeF page(std::ceil(area.width() * points), std::ceil(area.height() * points));
+  QPdfWriter writer(&file);
+  writer.setCreator(kTitle);
+  writer.setResolution(kPdfDotsPerInch);
+  writer.setPageSize(QPageSize(page, QPageSize::Point, QString(), QPageSize::ExactMatch));
+  writer.setPageMargins({0, 0, 0, 0});
+  QPainter target(&writer);
+  if (!target.isActive()) return false;
+  const double scale = frame.scale * kPdfDotsPerInch / kPixelsPerInch;
+  target.scale(scale, scale);
+  target.translate(-area.topLeft());
+  Draw(target, {area.topLeft(), page / points}, draw);
+  if (!target.end()) return false;
+  RemoveDate(file.buffer());
+  return true;
+}
+
+class qt_picture_maker : public picture_maker {
+ public:
+  const text_metrics& Metrics() const override { return metrics_; }
+
+  std::optional<std::string> Make(picture_format format, const picture_frame& frame,
+                                  const drawing& draw) override {
+    constexpr std::array kWriters = {WritePng, WriteSvg, WritePdf};  // by picture_format
+    QBuffer file;
+    file.open(QIODevice::WriteOnly);
+    if (!kWriters.at(static_cast<std::size_t>(format))(file, frame, draw)) return std::nullopt;
+    return file.data().toStdString();
+  }
+
+ private:
+  // The application keeps references to these.
+  int argument_count_ = 3;
+  std::array<char[10], 3> words_ = {"mardel", "-platform", "offscreen"};
+  std::array<char*, 4> arguments_ = {words_[0], words_[1], words_[2], nullptr};
+  QGuiApplication application_{argument_count_, arguments_.data()};
+  text_layouts layouts_;
+  qt_text_metrics metrics_{layouts_};
+};
+
+}  // namespace
+
+std::unique_ptr<picture_maker> StartPictures() {
+  QuietToolkit();
+  // The user's theme would look for a display.
+  qunsetenv("QT_QPA_PLATFORMTHEME");
+  // How long the date in a PDF file is depends on the zone.
+  qputenv("TZ", "UTC0");
+  return std::make_unique<qt_picture_maker>();
+}
+
+}  // namespace mardel

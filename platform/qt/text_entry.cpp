@@ -1,0 +1,67 @@
+#include "platform/qt/text_entry.h"
+
+#include <QTextDocument>
+#include <algorithm>
+
+#include "platform/qt/qt_text.h"
+#include "platform/text.h"
+
+namespace mardel {
+namespace {
+
+constexpr int kMostCharacters = 1 << 20;
+
+bool IsLineBreak(QChar c) {
+  return c == '\n' || c == '\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+}
+
+QString Storable(QStringView typed) {
+  return ToQt(DropUnstorable(FromQt(typed.toString())));
+}
+
+QString StorableLine(QStringView typed) {
+  QString line = Storable(typed);
+  line.removeIf(IsLineBreak);
+  return line;
+}
+
+}  // namespace
+
+QValidator::State one_line_filter::validate(QString& typed, int& cursor) const {
+  const QString kept = StorableLine(typed);
+  if (kept != typed) {
+    const qsizetype before = StorableLine(QStringView(typed).left(cursor)).size();
+    cursor = static_cast<int>(std::min(before, kept.size()));
+    typed = kept;
+  }
+  return Acceptable;
+}
+
+text_field::text_field(const std::string& text, QWidget& parent) : QLineEdit(&parent) {
+  setMaxLength(kMostCharacters);
+  setValidator(new one_line_filter(this));
+  setText(ToQt(text));
+  setCursorPosition(0);
+}
+
+text_editor::text_editor(const std::string& text, QWidget& parent) : QPlainTextEdit(&parent) {
+  setTabChangesFocus(true);
+  setPlainText(LinesToQt(text));
+}
+
+// Not toPlainText(), which turns no-break spaces into spaces.
+std::string text_editor::Text() const {
+  QString text = document()->toRawText();
+  for (QChar& c : text) {
+    if (IsLineBreak(c)) c = '\n';
+  }
+  return DropUnstorable(FromQt(text));
+}
+
+void text_editor::insertFromMimeData(const QMimeData* pasted) {
+  if (!pasted->hasText()) return;
+  insertPlainText(Storable(pasted->text()));
+  ensureCursorVisible();
+}
+
+}  // namespace mardel

@@ -1,0 +1,34 @@
+// Fields and editors that hold only what an XML file can.
+#pragma once
+
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QValidator>
+#include <string>
+
+namespace mardel {
+
+// Takes unstorable characters and line breaks out as they are typed or pasted.
+class one_line_filter : public QValidator {
+ public:
+  using QValidator::QValidator;
+  State validate(QString& typed, int& cursor) const override;
+};
+
+class text_field : public QLineEdit {
+ public:
+  text_field(const std::string& text, QWidget& parent);
+};
+
+class text_editor : public QPlainTextEdit {
+ public:
+  text_editor(const std::string& text, QWidget& parent);
+  // Line breaks as "\n".
+  std::string Text() const;
+
+ protected:
+  void insertFromMimeData(const QMimeData* pasted) override;
+};
+
+}  // namespace mardel

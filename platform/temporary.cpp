@@ -1,0 +1,92 @@
+#include "platform/temporary.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <utility>
+
+#include "platform/files.h"
+#include "platform/utf8.h"
+
+namespace mardel {
+namespace {
+
+constexpr int kNames = 4;
+constexpr int kAttempts = 8;  // at one name, while others remove what was just made
+// Leaves room for the rest of the temporary's name on file systems with short names.
+constexpr std::size_t kMostStem = 100;
+
+std::string TemporaryPath(const std::string& target, int number) {
+  std::string_view stem = FileName(target);
+  if (stem.size() > kMostStem) {
+    std::size_t size = kMostStem;
+    while (size > 0 && IsContinuation(stem[size])) --size;
+    stem = stem.substr(0, size);
+  }
+  return FolderOf(target) + "." + std::string(stem) + ".mardel-" + std::to_string(number) + ".tmp";
+}
+
+bool IsNamed(const descriptor& file, const std::string& path) {
+  struct stat open_one {};
+  struct stat named {};
+  return fstat(file.Number(), &open_one) == 0 && lstat(path.c_str(), &named) == 0 &&
+         open_one.st_dev == named.st_dev && open_one.st_ino == named.st_ino;
+}
+
+// File systems without locks leave the temporary unprotected.
+bool Lock(const descriptor& file) {
+  return flock(file.Number(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+}
+
+// False when something stands there that is in use or can't be removed.
+bool RemoveLeftover(const std::string& path) {
+  const descriptor leftover(open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+  if (!leftover.IsOpen()) return errno == ENOENT;
+  // Whoever holds the lock on what has this name is alone in renaming or removing it.
+  return Lock(leftover) && IsNamed(leftover, path) && unlink(path.c_str()) == 0;
+}
+
+temporary MakeAt(const std::string& path, mode_t mode) {
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    descriptor made(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
+    if (!made.IsOpen() && errno != EEXIST) return {descriptor(), path, errno};
+    if (made.IsOpen() && Lock(made) && IsNamed(made, path)) return {std::move(made), path, 0};
+    if (!made.IsOpen() && !RemoveLeftover(path)) break;
+  }
+  return {descriptor(), path, EEXIST};
+}
+
+}  // namespace
+
+descriptor& descriptor::operator=(descriptor&& other) noexcept {
+  std::swap(number_, other.number_);
+  return *this;
+}
+
+descriptor::~descriptor() {
+  if (IsOpen()) close(number_);
+}
+
+temporary MakeTemporary(const std::string& target, mode_t mode) {
+  temporary made{descriptor(), {}, EEXIST};
+  for (int number = 0; number < kNames; ++number) {
+    const std::string path = TemporaryPath(target, number);
+    if (made.file.IsOpen()) {
+      RemoveLeftover(path);
+      continue;
+    }
+    made = MakeAt(path, mode);
+    if (!made.file.IsOpen() && made.error != EEXIST) break;
+  }
+  return made;
+}
+
+std::string FolderOf(std::string_view path) {
+  const std::size_t slash = path.rfind('/');
+  return slash == std::string_view::npos ? "./" : std::string(path.substr(0, slash + 1));
+}
+
+}  // namespace mardel

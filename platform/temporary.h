@@ -1,0 +1,40 @@
+// The file that a save writes beside its target. Its name is fixed by the target's, so that the
+// next save of the same file finds and removes what a killed one left. A lock, which ends with its
+// process, tells such a leftover from the temporary of a save in progress; that one is left alone
+// and the next of a few names is taken.
+#pragma once
+
+#include <sys/types.h>
+
+#include <string>
+#include <string_view>
+
+namespace mardel {
+
+// Owns an open file descriptor; -1 is none.
+class descriptor {
+ public:
+  explicit descriptor(int number = -1) : number_(number) {}
+  descriptor(descriptor&& other) noexcept : number_(other.number_) { other.number_ = -1; }
+  descriptor& operator=(descriptor&& other) noexcept;
+  ~descriptor();
+  int Number() const { return number_; }
+  bool IsOpen() const { return number_ >= 0; }
+
+ private:
+  int number_;
+};
+
+struct temporary {
+  descriptor file;  // for writing; not open when none could be made
+  std::string path;
+  int error = 0;  // errno of the failure
+};
+
+// Makes an empty, locked temporary beside `target` and removes leftovers. `mode` is as for open.
+temporary MakeTemporary(const std::string& target, mode_t mode);
+
+// The path up to and with its last "/"; "./" when it has none.
+std::string FolderOf(std::string_view path);
+
+}  // namespace mardel

@@ -1,0 +1,114 @@
+// XML files as element trees.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace mardel {
+
+// Deeper trees are refused, so that no file can exhaust the stack of a reader.
+constexpr int kMostXmlLevels = 256;
+
+// A tree of elements: names, document order of children, and text. An element's text is its own
+// character data, joined and untrimmed; attributes are not kept.
+class xml_tree {
+ public:
+  class node;
+  class children;
+
+  // The root element; the tree must have been read without an error.
+  node Root() const;
+
+ private:
+  friend class xml_reader;
+  struct element {
+    std::size_t name_start = 0, text_start = 0;
+    std::uint32_t name_size = 0, text_size = 0;
+    std::uint32_t first_child = 0, next_sibling = 0;  // 0 is none: the root is nobody's child
+  };
+  std::vector<element> elements_;
+  std::string characters_;  // the names and texts of all elements
+};
+
+// A view into a tree, which must outlive it.
+class xml_tree::node {
+ public:
+  std::string_view Name() const;
+  std::string_view Text() const;
+  // For range-for, in document order.
+  children Children() const;
+  bool HasChildren() const;
+
+ private:
+  friend class xml_tree;
+  friend class xml_tree::children;
+  node(const xml_tree& tree, std::uint32_t index) : tree_(&tree), index_(index) {}
+  const xml_tree* tree_;
+  std::uint32_t index_;
+};
+
+class xml_tree::children {
+ public:
+  class iterator {
+   public:
+    node operator*() const { return {*tree_, index_}; }
+    iterator& operator++() {
+      index_ = tree_->elements_[index_].next_sibling;
+      return *this;
+    }
+    bool operator==(const iterator& other) const { return index_ == other.index_; }
+
+   private:
+    friend class children;
+    iterator(const xml_tree& tree, std::uint32_t index) : tree_(&tree), index_(index) {}
+    const xml_tree* tree_;
+    std::uint32_t index_;
+  };
+  iterator begin() const { return {*tree_, first_}; }
+  iterator end() const { return {*tree_, 0}; }
+
+ private:
+  friend class xml_tree::node;
+  children(const xml_tree& tree, std::uint32_t first) : tree_(&tree), first_(first) {}
+  const xml_tree* tree_;
+  std::uint32_t first_;
+};
+
+inline xml_tree::node xml_tree::Root() const {
+  return {*this, 0};
+}
+inline std::string_view xml_tree::node::Name() const {
+  const element& e = tree_->elements_[index_];
+  return std::string_view(tree_->characters_).substr(e.name_start, e.name_size);
+}
+inline std::string_view xml_tree::node::Text() const {
+  const element& e = tree_->elements_[index_];
+  return std::string_view(tree_->characters_).substr(e.text_start, e.text_size);
+}
+inline xml_tree::children xml_tree::node::Children() const {
+  return {*tree_, tree_->elements_[index_].first_child};
+}
+inline bool xml_tree::node::HasChildren() const {
+  return tree_->elements_[index_].first_child != 0;
+}
+
+enum class xml_status {
+  kRead,
+  kNotLoaded,  // no regular file, unreadable or too large
+  kMalformed,  // no XML, nested too deeply, or an entity bomb
+};
+
+struct xml_result {
+  xml_status status = xml_status::kNotLoaded;
+  xml_tree tree;  // only when status is kRead
+};
+
+xml_result ReadXmlFile(const std::string& path);
+xml_result ParseXml(std::string_view bytes);
+
+// & < > " ' as entities.
+std::string EscapeXml(std::string_view text);
+
+}  // namespace mardel
