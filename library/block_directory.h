@@ -1,0 +1,23 @@
+// The "Block Directory" window: every library and block with what its pins and parameters are for.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "library/library_set.h"
+#include "platform/event.h"
+#include "platform/ui.h"
+
+namespace mardel {
+
+// Libraries at level 0, their blocks at level 1, a library once for each run of its definitions.
+std::vector<tree_item> DirectoryTree(const library_set& set);
+
+// What the window says of the tree's item `selected`; lines end in "\r\n".
+std::string DirectoryText(const library_set& set, const std::vector<tree_item>& tree, int selected);
+
+// Opens a fresh window and returns its number; it lives until the user closes it.
+int OpenBlockDirectory(const library_set& set, ui& desk);
+void HandleDirectoryGadget(const library_set& set, ui& desk, const gadget_used& used);
+
+}  // namespace mardel

@@ -1,0 +1,215 @@
+#include "library/builtin_libraries.h"
+
+#include <array>
+#include <span>
+#include <string>
+#include <utility>
+
+namespace mardel {
+
+namespace {
+
+enum class register_pin { kNone, kOutput, kInput };
+
+constexpr const char* kNoPreset = nullptr;
+
+// `count` blocks named first, number, last; with a count of 0 the single block `first`.
+struct register_series {
+  const char* first;
+  int count;
+  const char* last;
+  register_pin pin;
+  const char* preset;
+};
+
+constexpr register_series kCoreRegisters[] = {
+    {"R", 16, "", register_pin::kOutput, "0"},
+    {"ACC32", 0, "", register_pin::kOutput, "0"},
+    {"FLAGS", 0, "", register_pin::kOutput, kNoPreset},
+};
+
+constexpr register_series kMemoryRegisters[] = {{"MR", 128, "", register_pin::kOutput, "0"}};
+
+constexpr register_series kSpecialFunctionRegisters[] = {
+    {"IN", 4, "", register_pin::kOutput, kNoPreset},
+    {"OUT", 4, "", register_pin::kInput, kNoPreset},
+    {"PIN", 0, "", register_pin::kOutput, kNoPreset},
+    {"SWITCH", 0, "", register_pin::kOutput, kNoPreset},
+    {"POT", 6, "_K", register_pin::kOutput, "0x0000000A"},
+    {"POT", 6, "", register_pin::kOutput, kNoPreset},
+    {"POT", 6, "_SMTH", register_pin::kOutput, kNoPreset},
+    {"LFO", 4, "_F", register_pin::kOutput, "0"},
+    {"RAMP", 2, "_F", register_pin::kOutput, "0"},
+    {"LFO0_S", 0, "", register_pin::kOutput, kNoPreset},
+    {"LFO0_C", 0, "", register_pin::kOutput, kNoPreset},
+    {"LFO1_S", 0, "", register_pin::kOutput, kNoPreset},
+    {"LFO1_C", 0, "", register_pin::kOutput, kNoPreset},
+    {"LFO2_S", 0, "", register_pin::kOutput, kNoPreset},
+    {"LFO2_C", 0, "", register_pin::kOutput, kNoPreset},
+    {"LFO3_S", 0, "", register_pin::kOutput, kNoPreset},
+    {"LFO3_C", 0, "", register_pin::kOutput, kNoPreset},
+    // kept: four outputs for two ramps; designs name all four.
+    {"RAMP", 4, "_R", register_pin::kOutput, kNoPreset},
+    {"MAXTEMPO", 0, "", register_pin::kOutput, "0x00007FFF"},
+    {"TAPTEMPO", 0, "", register_pin::kOutput, kNoPreset},
+    {"SAMPLECNT", 0, "", register_pin::kOutput, kNoPreset},
+    {"NOISE", 0, "", register_pin::kOutput, kNoPreset},
+    {"BOOTSTAT", 0, "", register_pin::kOutput, kNoPreset},
+    // Reload values: placed only to be given a preset.
+    {"TAPSTKRLD", 0, "", register_pin::kNone, "0x00008CA0"},
+    {"TAPDBRLD", 0, "", register_pin::kNone, "0x000001E0"},
+    {"SWDBRLD", 0, "", register_pin::kNone, "0x000001E0"},
+    {"PRGDBRLD", 0, "", register_pin::kNone, "0x00000960"},
+    {"OFLRLD", 0, "", register_pin::kNone, "0x000003C0"},
+};
+
+constexpr unsigned kDoubling = 0;
+
+// Names as in register_series. Values start at `value` and grow by `step`, or double.
+struct constant_series {
+  const char* first;
+  int count;
+  const char* last;
+  std::size_t digits;
+  unsigned value;
+  unsigned step;
+};
+
+// Two digits for selectors, four for bit masks.
+constexpr constant_series kConstants[] = {
+    {"LFO", 4, "", 4, 0x0000, 2},
+    {"SIN", 0, "", 2, 0x00, 0},
+    {"COS", 0, "", 2, 0x01, 0},
+    {"POS", 0, "", 2, 0x00, 0},
+    {"NEG", 0, "", 2, 0x08, 0},
+    {"RMP", 2, "", 2, 0x00, 1},
+    {"L512", 0, "", 2, 0x00, 0},
+    {"L1024", 0, "", 2, 0x04, 0},
+    {"L2048", 0, "", 2, 0x08, 0},
+    {"L4096", 0, "", 2, 0x0C, 0},
+    {"XF", 4, "", 2, 0x00, 0x10},
+    {"USER", 2, "", 2, 0x00, 0x20},
+    {"OUT", 4, "OFLO", 4, 0x1000, kDoubling},
+    {"IN", 4, "OFLO", 4, 0x0100, kDoubling},
+    {"TAP", 0, "", 4, 0x0040, 0},
+    {"TB2NTB1", 0, "", 4, 0x0020, 0},
+    {"TAPSTKY", 0, "", 4, 0x0010, 0},
+    {"NEWTT", 0, "", 4, 0x0008, 0},
+    {"TAPRE", 0, "", 4, 0x0004, 0},
+    {"TAPPE", 0, "", 4, 0x0002, 0},
+    {"SW", 5, "", 4, 0x0001, kDoubling},
+    {"SW", 5, "RE", 4, 0x0020, kDoubling},
+    {"SW", 5, "PE", 4, 0x0400, kDoubling},
+    {"PLLRANGE", 2, "", 4, 0x0001, kDoubling},
+    {"MNS", 0, "", 4, 0x0004, 0},
+    {"I2CA", 7, "", 4, 0x0008, kDoubling},
+    {"PR", 16, "", 4, 0x0001, kDoubling},
+};
+
+template <class series>
+std::string NameInSeries(const series& row, int number) {
+  return row.count == 0 ? row.first : row.first + std::to_string(number) + row.last;
+}
+
+template <class series>
+int BlocksIn(const series& row) {
+  return row.count == 0 ? 1 : row.count;
+}
+
+pin OutputPin(const std::string& type) {
+  return {.pin_name = "OUT", .pin_type = type, .pin_side = "R", .pin_desc = "Output pin"};
+}
+
+void StageRegisters(library_set& set, const std::string& lib,
+                    std::span<const register_series> rows) {
+  for (const register_series& row : rows) {
+    for (int number = 0; number < BlocksIn(row); ++number) {
+      blockdef& block = set.staged.emplace_back();
+      block.lib = lib;
+      block.sub = NameInSeries(row, number);
+      if (row.pin == register_pin::kOutput) block.pins.push_back(OutputPin(lib));
+      if (row.pin == register_pin::kInput) {
+        block.pins.push_back(
+            {.pin_name = "IN", .pin_type = "SFR", .pin_side = "L", .pin_desc = "Input pin"});
+      }
+      if (row.preset == kNoPreset) continue;
+      block.params.push_back({.param_name = "Preset",
+                              .param_type = "Number",
+                              .param_value = row.preset,
+                              .param_desc = "Preset value for register"});
+    }
+  }
+}
+
+std::string Hexadecimal(unsigned value, std::size_t digits) {
+  std::string text(digits, '0');
+  for (auto digit = text.rbegin(); digit != text.rend(); ++digit, value /= 16) {
+    *digit = "0123456789ABCDEF"[value % 16];
+  }
+  return text;
+}
+
+void StageConstants(library_set& set) {
+  for (const constant_series& row : kConstants) {
+    unsigned value = row.value;
+    for (int number = 0; number < BlocksIn(row); ++number) {
+      blockdef& block = set.staged.emplace_back();
+      block.lib = "CONST";
+      block.sub = NameInSeries(row, number);
+      block.desc = "Value: 0x" + Hexadecimal(value, row.digits);
+      block.pins.push_back(OutputPin(block.lib));
+      value += row.step == kDoubling ? value : row.step;
+    }
+  }
+}
+
+// The staged blocks' library.
+void Register(library_set& set, menu_builder& builder, library added) {
+  const std::string title = added.name;
+  set.AddLibrary(std::move(added));
+  set.RegisterStaged(title, builder);
+  ++builder.next_id;
+}
+
+void FillMemory(register_pool& pool) {
+  for (int number = 0; number < kMemoryRegisters[0].count; ++number) {
+    pool.memory.push_back({.name = NameInSeries(kMemoryRegisters[0], number)});
+  }
+}
+
+void FillPresets(register_pool& pool) {
+  for (const register_series& row : kSpecialFunctionRegisters) {
+    if (row.preset == kNoPreset) continue;
+    for (int number = 0; number < BlocksIn(row); ++number) {
+      pool.presets.push_back({.name = NameInSeries(row, number)});
+    }
+  }
+}
+
+}  // namespace
+
+void BuildBuiltinLibraries(library_set& set, register_pool& pool, menu_builder& builder,
+                           expert_mode mode) {
+  if (mode == expert_mode::kOn) {
+    ++builder.next_id;
+    StageRegisters(set, "CREG", kCoreRegisters);
+    Register(set, builder,
+             {"CREG", "Core registers of the Dravik - expert mode", Rgba(255, 255, 255), kBlack});
+  }
+  StageRegisters(set, "MREG", kMemoryRegisters);
+  Register(set, builder,
+           {"MREG", "Memory registers of the Dravik, 128 of them called MR0 to MR127",
+            Rgba(153, 204, 255), kBlack});
+  FillMemory(pool);
+  StageRegisters(set, "SFR", kSpecialFunctionRegisters);
+  Register(set, builder,
+           {"SFR", "Special function registers like inputs, outputs, POTs, etc.",
+            Rgba(102, 210, 51), kBlack});
+  FillPresets(pool);
+  StageConstants(set);
+  Register(set, builder,
+           {"CONST", "Constants typically used with masking in an instruction/block",
+            Rgba(255, 153, 51), kBlack});
+}
+
+}  // namespace mardel

@@ -1,0 +1,26 @@
+#include "library/register_pool.h"
+
+#include <algorithm>
+
+namespace mardel {
+
+namespace {
+
+template <class record>
+record* FindByName(std::vector<record>& records, std::string_view name) {
+  const auto found = std::find_if(records.begin(), records.end(),
+                                  [name](const record& r) { return r.name == name; });
+  return found == records.end() ? nullptr : &*found;
+}
+
+}  // namespace
+
+memory_register* FindMemoryRegister(register_pool& pool, std::string_view name) {
+  return FindByName(pool.memory, name);
+}
+
+preset_register* FindPresetRegister(register_pool& pool, std::string_view name) {
+  return FindByName(pool.presets, name);
+}
+
+}  // namespace mardel
