@@ -1,0 +1,64 @@
+#include "editor/pin_dialog.h"
+
+#include "editor/deletion.h"
+#include "editor/dialog_parts.h"
+
+namespace mardel {
+namespace {
+
+std::string SubOf(const design& document, std::int64_t block_id) {
+  const dvblock* block = FindBlock(document, block_id);
+  return block == nullptr ? "" : block->sub;
+}
+
+gadget DeletionBox(const design& document, const net& wire, int row, std::int64_t y) {
+  return {.id = kFirstRowGadget + row,
+          .kind = gadget_kind::kCheckBox,
+          .place = {50, y, 325, 25},
+          .text = "Delete net: " + SubOf(document, wire.id_1) + ":" + wire.pin_1_name + " to " +
+                  SubOf(document, wire.id_2) + ":" + wire.pin_2_name};
+}
+
+int AddRows(std::vector<gadget>& gadgets, const design& document) {
+  int row = 0;
+  for (const net& wire : document.nets) {
+    if (!wire.selected) continue;
+    const std::int64_t y = 130 + 30 * std::int64_t{row};
+    gadget swatch = Label({25, y + 5, 50, 20}, "\u2588");
+    swatch.ink = WithAlpha(wire.color, 255);
+    gadgets.push_back(std::move(swatch));
+    gadgets.push_back(DeletionBox(document, wire, row++, y));
+  }
+  return row;
+}
+
+}  // namespace
+
+window PinWindow(const design& document, const pin_hit& hit) {
+  window shown = {"Pin Info and Nets", 440, 260, {}};
+  shown.gadgets = {
+      Caption({140, 60, 50, 20}, "Device#:"), Label({200, 60, 200, 20}, std::to_string(hit.id)),
+      Caption({140, 80, 50, 20}, "Pin:"),     Label({200, 80, 200, 20}, hit.pin_name),
+      Caption({150, 100, 40, 20}, "Sub:"),    Label({200, 100, 200, 25}, SubOf(document, hit.id)),
+  };
+  const int rows = AddRows(shown.gadgets, document);
+  // kept: the window grows by 20 a net, the rows take 30.
+  shown.height += 20 * rows;
+  shown.gadgets.push_back(OkButton(100, 150 + 30 * rows));
+  shown.gadgets.push_back(CancelButton(230, 150 + 30 * rows));
+  return shown;
+}
+
+void DeleteCheckedNets(workspace& work, const surroundings& outside) {
+  std::vector<std::int64_t> checked;
+  int row = kFirstRowGadget;
+  for (const net& wire : work.document.nets) {
+    if (!wire.selected) continue;
+    if (outside.desk.GadgetChecked(work.dialog.number, row++)) checked.push_back(wire.net_id);
+  }
+  for (const std::int64_t net_id : checked) {
+    DeleteNet(work.document, work.undo, net_id, recording::kOn);
+  }
+}
+
+}  // namespace mardel
