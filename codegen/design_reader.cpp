@@ -1,0 +1,108 @@
+#include "codegen/design_reader.h"
+
+#include "platform/text.h"
+
+namespace mardel {
+namespace {
+
+// Where the texts of a record's children go, by element name.
+template <class record>
+struct record_fields {
+  struct integer {
+    std::string_view name;
+    std::int64_t record::*field;
+  };
+  struct text {
+    std::string_view name;
+    std::string record::*field;
+  };
+  std::span<const integer> integers;
+  std::span<const text> texts;
+};
+
+// Whether the child is one of the fields.
+template <class record>
+bool ReadField(record& into, xml_tree::node child, const record_fields<record>& fields) {
+  for (const auto& [name, field] : fields.integers) {
+    if (child.Name() != name) continue;
+    into.*field = ParseInteger(child.Text());
+    return true;
+  }
+  for (const auto& [name, field] : fields.texts) {
+    if (child.Name() != name) continue;
+    into.*field = child.Text();
+    return true;
+  }
+  return false;
+}
+
+template <class record>
+record ReadRecord(xml_tree::node element, const record_fields<record>& fields) {
+  record read;
+  for (const xml_tree::node child : element.Children()) ReadField(read, child, fields);
+  return read;
+}
+
+constexpr record_fields<pin>::integer kPinIntegers[] = {{"number", &pin::pin_num}};
+constexpr record_fields<pin>::text kPinTexts[] = {{"name", &pin::pin_name}};
+
+constexpr record_fields<param>::integer kParamIntegers[] = {{"number", &param::param_num}};
+constexpr record_fields<param>::text kParamTexts[] = {{"name", &param::param_name},
+                                                      {"value", &param::param_value}};
+
+constexpr record_fields<dvblock>::integer kBlockIntegers[] = {
+    {"id", &dvblock::id}, {"x", &dvblock::x}, {"y", &dvblock::y}};
+constexpr record_fields<dvblock>::text kBlockTexts[] = {{"lib", &dvblock::lib},
+                                                        {"sub", &dvblock::sub}};
+
+constexpr record_fields<net>::integer kNetIntegers[] = {{"net_id", &net::net_id},
+                                                        {"id_1", &net::id_1},
+                                                        {"pin_1_num", &net::pin_1_num},
+                                                        {"id_2", &net::id_2},
+                                                        {"pin_2_num", &net::pin_2_num}};
+constexpr record_fields<net>::text kNetTexts[] = {{"pin_1_name", &net::pin_1_name},
+                                                  {"pin_2_name", &net::pin_2_name}};
+
+constexpr record_fields<textblock>::integer kNoteIntegers[] = {
+    {"text_id", &textblock::id}, {"x", &textblock::x}, {"y", &textblock::y}};
+constexpr record_fields<textblock>::text kNoteTexts[] = {{"text_str", &textblock::text_str}};
+
+dvblock ReadBlock(xml_tree::node element) {
+  dvblock block;
+  for (const xml_tree::node child : element.Children()) {
+    if (ReadField<dvblock>(block, child, {kBlockIntegers, kBlockTexts})) continue;
+    for (const xml_tree::node entry : child.Children()) {
+      if (child.Name() == "pins" && entry.Name() == "pin") {
+        block.pins.push_back(ReadRecord<pin>(entry, {kPinIntegers, kPinTexts}));
+      } else if (child.Name() == "params" && entry.Name() == "param") {
+        block.params.push_back(ReadRecord<param>(entry, {kParamIntegers, kParamTexts}));
+      }
+    }
+  }
+  return block;
+}
+
+textblock ReadNote(xml_tree::node element, std::string_view line_separator) {
+  textblock note = ReadRecord<textblock>(element, {kNoteIntegers, kNoteTexts});
+  note.text_str = ReplaceLineBreaks(note.text_str, line_separator);
+  return note;
+}
+
+}  // namespace
+
+void ReadDesign(design& document, xml_tree::node root, std::string_view line_separator) {
+  for (const xml_tree::node list : root.Children()) {
+    const std::string_view kind = list.Name();
+    for (const xml_tree::node entry : list.Children()) {
+      if (kind == "blocks" && entry.Name() == "dvblock") {
+        document.blocks.Append(ReadBlock(entry));
+      } else if (kind == "nets" && entry.Name() == "net") {
+        document.nets.Append(ReadRecord<net>(entry, {kNetIntegers, kNetTexts}));
+      } else if (kind == "text" && entry.Name() == "text_item") {
+        document.texts.Append(ReadNote(entry, line_separator));
+      }
+    }
+  }
+}
+
+}  // namespace mardel

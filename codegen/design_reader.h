@@ -1,0 +1,17 @@
+// The two halves of LoadDesign.
+#pragma once
+
+#include "codegen/design_file.h"
+#include "platform/xml.h"
+
+namespace mardel {
+
+// Appends what the tree holds. Unknown elements are skipped; of repeated ones the last value holds.
+void ReadDesign(design& document, xml_tree::node root, std::string_view line_separator);
+
+// Gives the blocks what their definitions say, the nets their end points and the notes their sizes,
+// and sets the next ids past those in use. Blocks without a definition are reported and removed
+// with their nets; returns how many.
+int RelinkDesign(design& document, const load_context& context);
+
+}  // namespace mardel

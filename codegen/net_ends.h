@@ -1,0 +1,52 @@
+// The ends of a design's nets: which of them lie on the same pin.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string_view>
+#include <vector>
+
+#include "codegen/numbering.h"
+#include "editor/design.h"
+
+namespace mardel {
+
+struct net_end {
+  std::int64_t block_id = 0;
+  std::string_view pin_name;
+  bool operator==(const net_end&) const = default;
+};
+
+struct net_end_hash {
+  std::uint64_t operator()(const net_end& end) const {
+    return MixBits(MixBits(static_cast<std::uint64_t>(end.block_id)) ^
+                   std::hash<std::string_view>{}(end.pin_name));
+  }
+};
+
+// Both ends of one net, as numbers.
+struct end_pair {
+  std::uint32_t first = 0, second = 0;
+};
+
+// Numbers every distinct end from 0. Refers to the names in the nets, which must stay as they are.
+class net_ends {
+ public:
+  explicit net_ends(const cursor_list<net>& nets);
+
+  // In net order.
+  const std::vector<end_pair>& Pairs() const { return pairs_; }
+  // Of distinct ends.
+  std::size_t Count() const { return numbers_.size(); }
+  // kNoNumber when no net ends there.
+  std::uint32_t Find(std::int64_t block_id, std::string_view pin_name) const {
+    return numbers_.Find({block_id, pin_name});
+  }
+
+ private:
+  numbering<net_end, net_end_hash> numbers_;
+  std::vector<end_pair> pairs_;
+};
+
+}  // namespace mardel

@@ -1,0 +1,46 @@
+// The steps in which BuildNetlist works. Nets, ends and nodes are numbers here: nets by their
+// position in the net list, ends as `net_ends` has them, nodes by order of creation.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "codegen/net_ends.h"
+#include "codegen/netlist.h"
+
+namespace mardel {
+
+// The type of the pin under each end; "" where there is no such pin.
+std::vector<std::string_view> EndTypes(const design& document, const net_ends& ends);
+
+// As the function of netlist.h, for ends and types that are known already.
+std::vector<design_problem> FindTypeMismatches(const design& document, const net_ends& ends,
+                                               const std::vector<std::string_view>& types,
+                                               problem_search search);
+
+// A node's nets, linked by `net_grouping::next`.
+struct net_chain {
+  std::uint32_t first = 0, last = 0;
+};
+
+struct net_grouping {
+  std::vector<net_chain> nodes;
+  std::vector<std::uint32_t> next;  // of each net the following one in its node, or kNoNumber
+};
+
+// Puts each net, in order, into the first node that holds a net with an end in common, or into a
+// new one.
+net_grouping GroupNets(const net_ends& ends);
+
+// Joins nodes that later nets have bridged and returns those that are left, in order. In each pass
+// every node that is left takes over the first node after it that holds an end of those nets that
+// grouping gave it, until a pass takes over none. kept: ends that a node got by a join do not count
+// for it, and it takes one node a pass, so that some bridged nodes stay apart.
+std::vector<std::uint32_t> JoinNodes(net_grouping& grouping, const net_ends& ends);
+
+// Register blocks name their nodes, the last one in block order where there are several; the other
+// nodes of type "MREG" get the free memory registers.
+void AssignRegisters(const design& document, std::vector<net_node>& nodes, register_pool& pool);
+
+}  // namespace mardel

@@ -1,0 +1,19 @@
+// The call lines of a source file, which the preprocessor expands.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "codegen/netlist.h"
+#include "editor/design.h"
+
+namespace mardel {
+
+// Appends one line for each block that stands for no register. Ends at the first parameter without
+// a value, leaving that block's line out, and returns what to report of it.
+std::optional<message> AppendCalls(std::string& text, std::span<const dvblock* const> blocks,
+                                   const std::vector<net_node>& nodes);
+
+}  // namespace mardel

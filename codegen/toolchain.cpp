@@ -1,0 +1,94 @@
+#include "codegen/toolchain.h"
+
+#include "platform/text.h"
+
+namespace mardel {
+namespace {
+
+constexpr const char* kPowerCycle =
+    "Board may be in an undetermined state, please power cycle it after closing this window";
+
+std::string Quoted(const std::string& text) {
+  return '"' + text + '"';
+}
+
+std::string WithoutLastCharacters(std::string text, int count) {
+  for (; count > 0 && !text.empty(); --count) {
+    while (text.size() > 1 && (static_cast<unsigned char>(text.back()) & 0xC0U) == 0x80U) {
+      text.pop_back();
+    }
+    text.pop_back();
+  }
+  return text;
+}
+
+// How the report of a failed tool is put together.
+struct failure_report {
+  const char* before_code;
+  const char* after_code;
+  const char* warning;
+};
+constexpr failure_report kPreprocessorReport = {"\r\r", "", ""};
+constexpr failure_report kAssemblerReport = {"\r\r", "\r\r", kPowerCycle};
+// kept: nothing stands between the output and the code.
+constexpr failure_report kEndOfRunReport = {"", "\r\r", kPowerCycle};
+
+toolchain_result RunReporting(const std::string& program, const std::string& arguments,
+                              const failure_report& report, const toolchain_context& context) {
+  const tool_result ended = context.runner.RunTool(program, arguments);
+  if (!ended.started) return toolchain_result::kToolNotStarted;
+  if (ended.exit_code == 0) return toolchain_result::kDone;
+  context.desk.ShowMessage({"ERROR", ended.output + report.before_code +
+                                         "Exitcode: " + std::to_string(ended.exit_code) +
+                                         report.after_code + report.warning});
+  return toolchain_result::kToolFailed;
+}
+
+toolchain_result Preprocess(const std::string& source_path, const toolchain_context& context) {
+  const settings& s = context.options;
+  const std::string arguments =
+      "-l " + Quoted(WithoutLastCharacters(s.libraries_path, 1)) + ' ' + Quoted(source_path);
+  return RunReporting(s.exec_path + s.pre_exe, arguments, kPreprocessorReport, context);
+}
+
+toolchain_result Assemble(const std::string& source_path, std::optional<int> location,
+                          const toolchain_context& context) {
+  const settings& s = context.options;
+  const std::string preprocessed = WithoutLastCharacters(source_path, 3) + "dvo";
+  const std::string target = location ? "-p " + std::to_string(*location) : "-re";
+  return RunReporting(s.exec_path + s.asm_exe,
+                      target + " -i " + s.dravik_i2c + ' ' + Quoted(preprocessed), kAssemblerReport,
+                      context);
+}
+
+// The program runs on the board for as long as the box is open.
+toolchain_result RunUntilClosed(const toolchain_context& context) {
+  context.desk.ShowMessage({"Running", "Running from RAM, close this window to end",
+                            message_buttons::kOk, message_icon::kNote});
+  const settings& s = context.options;
+  return RunReporting(s.exec_path + s.asm_exe, "-ee -i " + s.dravik_i2c, kEndOfRunReport, context);
+}
+
+}  // namespace
+
+toolchain_result RunToolchain(const std::string& source_path, std::optional<int> location,
+                              const toolchain_context& context) {
+  constexpr std::size_t kShortestPath = 6;
+  constexpr std::int64_t kPreprocessAssembleRun = 0;
+  constexpr std::int64_t kPreprocessOnly = 1;
+  const std::int64_t run_opt = context.options.run_opt;
+  if (CountCharacters(source_path) < kShortestPath) return toolchain_result::kDone;
+  if (run_opt != kPreprocessAssembleRun && run_opt != kPreprocessOnly) {
+    return toolchain_result::kDone;
+  }
+  // kept: a preprocessor that could not be started stops nothing, an older output may stand there.
+  const toolchain_result preprocessed = Preprocess(source_path, context);
+  if (run_opt == kPreprocessOnly || preprocessed == toolchain_result::kToolFailed) {
+    return preprocessed;
+  }
+  toolchain_result assembled = Assemble(source_path, location, context);
+  if (assembled == toolchain_result::kDone && !location) assembled = RunUntilClosed(context);
+  return assembled == toolchain_result::kDone ? preprocessed : assembled;
+}
+
+}  // namespace mardel
