@@ -1,0 +1,43 @@
+#include "app/about_box.h"
+
+#include "app/logo.h"
+#include "codegen/settings.h"
+#include "platform/host.h"
+
+namespace mardel {
+
+window AboutWindow(int system_version_code, const std::string& processor) {
+  const std::string system =
+      SystemFamilyName(system_version_code) + " " + SystemVersionName(system_version_code);
+  constexpr gadget_kind kLabel = gadget_kind::kLabel;
+  return {.title = "About Mardel",
+          .width = 500,
+          .height = 170,
+          .gadgets = {
+              {0, gadget_kind::kImage, {30, 0, 60, 87}, std::string(LogoPng())},
+              {0,
+               kLabel,
+               {100, 25, 390, 25},
+               "Mardel - A GUI based development environment for the Dravik"},
+              {0,
+               kLabel,
+               {100, 50, 320, 25},
+               std::string("Version ") + kVersionText + ", (c) 2026 Quillonworks"},
+              {0, kLabel, {100, 75, 320, 25}, "OS: " + system},
+              {0, kLabel, {100, 100, 320, 25}, "CPU: " + processor},
+              {1, gadget_kind::kDefaultButton, {210, 130, 100, 25}, "OK"},
+          }};
+}
+
+void OpenAbout(program& app) {
+  app.outside.desk.DisableMainWindow();
+  app.about_window = app.outside.desk.OpenWindow(AboutWindow(HostVersionCode(), ProcessorBrand()));
+}
+
+void CloseAbout(program& app) {
+  app.outside.desk.CloseWindow(app.about_window);
+  app.about_window = 0;
+  app.outside.desk.EnableMainWindow();
+}
+
+}  // namespace mardel

@@ -1,0 +1,94 @@
+#include "app/file_commands.h"
+
+#include "app/guard.h"
+#include "app/title.h"
+#include "platform/host.h"
+
+namespace mardel {
+namespace {
+
+constexpr const char* kPatterns =
+    "Mardel file (*.mrd)|*.mrd|Text (*.txt)|*.txt|All files (*.*)|*.*";
+
+void ClearDesignAndUndo(program& app) {
+  ClearDesign(app.work.document);
+  app.work.undo.records.clear();
+  app.work.document.unsaved_changes = false;
+  app.outside.desk.Redraw();
+}
+
+void ShowFileName(const program& app) {
+  app.outside.desk.SetTitle(Title(app.work.document.file_name));
+}
+
+// False when the old file was kept; the design then still counts as unsaved. kept: a file that
+// can't be created is silent and counts as saved.
+bool Write(const program& app, const std::string& path) {
+  if (SaveDesign(app.work.document, path) != write_status::kFailed) return true;
+  app.outside.desk.ShowMessage(
+      {.title = "Error Saving Design",
+       .text = "Design named " + path + " could not be saved, the old file was kept."});
+  return false;
+}
+
+// The chosen path, with the design written there; "" when the requester was cancelled or the old
+// file was kept.
+std::string AskSaveFileName(const program& app, const std::string& directory) {
+  std::string path = app.outside.desk.AskSaveFile(
+      {.title = "Please choose file to save", .start = directory + "*.mrd", .patterns = kPatterns});
+  return path.empty() || Write(app, path) ? path : std::string();
+}
+
+}  // namespace
+
+void New(program& app) {
+  if (!MayLoseChanges(app.work.document, guarded_command::kNew, app.outside.desk)) return;
+  ClearDesignAndUndo(app);
+  app.work.document.file_name.clear();
+  ShowFileName(app);
+}
+
+void Open(program& app) {
+  if (!MayLoseChanges(app.work.document, guarded_command::kOpen, app.outside.desk)) return;
+  ClearDesignAndUndo(app);
+  const std::string path = app.outside.desk.AskOpenFile({.title = "Please choose file to open",
+                                                         .start = app.options.files_path + "*.mrd",
+                                                         .patterns = kPatterns});
+  if (!path.empty()) OpenFile(app, path);
+}
+
+load_result OpenFile(program& app, const std::string& path) {
+  const std::string family = SystemFamilyName(HostVersionCode());
+  const load_result loaded = LoadDesign(app.work.document, path,
+                                        {.libraries = app.libraries,
+                                         .metrics = app.outside.metrics,
+                                         .line_separator = LineSeparator(family),
+                                         .desk = app.outside.desk});
+  app.work.document.unsaved_changes = false;
+  ShowFileName(app);
+  app.outside.desk.Redraw();
+  return loaded;
+}
+
+void Save(program& app) {
+  design& document = app.work.document;
+  if (document.file_name.empty()) {
+    SaveAs(app);
+  } else if (Write(app, document.file_name)) {
+    document.unsaved_changes = false;
+  }
+}
+
+void SaveAs(program& app) {
+  const std::string path = AskSaveFileName(app, app.options.files_path);
+  if (path.empty()) return;
+  app.work.document.unsaved_changes = false;
+  app.work.document.file_name = path;
+  ShowFileName(app);
+}
+
+std::string_view LineSeparator(std::string_view system_family) {
+  return system_family == "Apple Mac" || system_family == "Linux" ? "\n" : "\r\n";
+}
+
+}  // namespace mardel

@@ -1,0 +1,48 @@
+// Everything that lives for the whole run.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "app/main_menu.h"
+#include "codegen/settings.h"
+#include "editor/rendering.h"
+#include "editor/workspace.h"
+#include "library/library_set.h"
+#include "library/register_pool.h"
+#include "platform/clock.h"
+#include "platform/process.h"
+#include "platform/ui.h"
+
+namespace mardel {
+
+// The outside world as the program reaches it.
+struct edges {
+  ui& desk;
+  const text_metrics& metrics;
+  process_runner& runner;
+  const clock& time;
+};
+
+struct program {
+  explicit program(const edges& reached) : outside(reached) {}
+
+  edges outside;
+  settings options;
+  std::string configuration_path;  // written to
+  library_set libraries;
+  register_pool registers;
+  menu_ids ids;
+  workspace work;
+  grid grid_lines = grid::kHidden;
+  bool quit = false;
+  int configuration_window = 0;  // 0 while closed
+  int about_window = 0;
+  std::vector<int> directory_windows;
+};
+
+inline surroundings Surroundings(const program& app) {
+  return {app.outside.desk, app.outside.metrics};
+}
+
+}  // namespace mardel

@@ -1,0 +1,82 @@
+#include "app/render.h"
+
+#include <array>
+#include <cmath>
+#include <string>
+#include <variant>
+
+#include "app/headless_program.h"
+#include "app/paths.h"
+#include "editor/drawn_extent.h"
+#include "platform/files.h"
+#include "platform/picture_file.h"
+
+namespace mardel {
+namespace {
+
+constexpr std::int64_t kMargin = 20;
+// The whole canvas, with a margin, at the largest scale.
+constexpr double kMostWidth = 16384;
+constexpr double kMostHeight = 9216;
+// Beyond it vector files lose the last digits of places.
+constexpr double kFarthest = 100'000;
+
+struct refusal {
+  std::string text;
+};
+
+bool IsNear(const extent& drawn) {
+  return drawn.left >= -kFarthest && drawn.top >= -kFarthest && drawn.right <= kFarthest &&
+         drawn.bottom <= kFarthest;
+}
+
+rectangle WithMargin(const extent& drawn) {
+  const auto left = static_cast<std::int64_t>(std::floor(drawn.left)) - kMargin;
+  const auto top = static_cast<std::int64_t>(std::floor(drawn.top)) - kMargin;
+  const auto right = static_cast<std::int64_t>(std::ceil(drawn.right)) + kMargin;
+  const auto bottom = static_cast<std::int64_t>(std::ceil(drawn.bottom)) + kMargin;
+  return {left, top, right - left, bottom - top};
+}
+
+std::variant<rectangle, refusal> Area(const design& document, const drawing_context& context,
+                                      const command_line& asked) {
+  if (asked.area == picture_area::kCanvas) return rectangle{0, 0, kCanvasWidth, kCanvasHeight};
+  const std::optional<extent> drawn = DrawnExtent(document, context);
+  if (!drawn) return refusal{"an empty design can't be cropped"};
+  const std::string limit = std::to_string(static_cast<int>(kMostWidth)) + " x " +
+                            std::to_string(static_cast<int>(kMostHeight)) + " pixels";
+  if (IsNear(*drawn)) {
+    const rectangle area = WithMargin(*drawn);
+    if (static_cast<double>(area.width) * asked.scale <= kMostWidth &&
+        static_cast<double>(area.height) * asked.scale <= kMostHeight) {
+      return area;
+    }
+  }
+  return refusal{"the design reaches too far for a picture of at most " + limit};
+}
+
+}  // namespace
+
+int RenderFile(const command_line& asked) {
+  const std::string& path = asked.names.front();
+  if (IsSameFile(asked.output, path)) {
+    return ReportWrongUsage({"the output would replace the design " + path});
+  }
+  const std::unique_ptr<picture_maker> pictures = StartPictures();
+  headless_program headless("", pictures->Metrics());
+  program& app = headless.app;
+  if (const int status = LoadWhole(app, path); status != kDone) return status;
+  const drawing_context context{app.libraries, app.outside.metrics, asked.lines};
+  const auto area = Area(app.work.document, context, asked);
+  if (const auto* refused = std::get_if<refusal>(&area)) return Fail(kRefused, refused->text);
+  const std::optional<std::string> content =
+      pictures->Make(*FormatOfPicture(asked.output), {std::get<rectangle>(area), asked.scale},
+                     [&](painter& canvas) { DrawDesign(canvas, app.work.document, context); });
+  if (!content) return Fail(kFileOrToolMissing, "there is not enough memory for the picture");
+  if (ReplaceFile(asked.output, *content) != write_status::kWritten) {
+    return Fail(kFileOrToolMissing, asked.output + " could not be written");
+  }
+  return kDone;
+}
+
+}  // namespace mardel

@@ -1,0 +1,49 @@
+#include "app/window.h"
+
+#include <memory>
+
+#include "app/event_handling.h"
+#include "app/file_commands.h"
+#include "app/paths.h"
+#include "app/startup.h"
+#include "app/title.h"
+
+namespace mardel {
+
+main_window MainWindow(const program& app) {
+  main_window contents{.title = Title(""),
+                       .width = 800,
+                       .height = 600,
+                       .least_width = 200,
+                       .least_height = 200,
+                       .most_width = 1920,
+                       .most_height = 1080,
+                       .canvas_width = kCanvasWidth,
+                       .canvas_height = kCanvasHeight,
+                       .scroll_step = 30,
+                       .status_field_widths = {90, 0, 100, 100},
+                       .draw_canvas = {}};
+  contents.draw_canvas = [&app](painter& canvas) {
+    DrawDesign(
+        canvas, app.work.document,
+        {.libraries = app.libraries, .metrics = app.outside.metrics, .lines = app.grid_lines});
+  };
+  return contents;
+}
+
+int RunWindow(const std::string& design_path, int& argument_count, char** arguments) {
+  const std::unique_ptr<desktop> desk = StartDesktop(argument_count, arguments);
+  if (desk == nullptr) return 1;
+  host_process_runner runner;
+  const host_clock time;
+  program app({*desk, desk->Metrics(), runner, time});
+  const host_facts host = ThisHost();
+  ReadSettings(app, host);
+  desk->OpenMainWindow(MainWindow(app));
+  desk->SetMenuBar(BuildMenus(app, host.kind));
+  desk->AddShortcut("Escape", app.ids.escape);
+  if (!design_path.empty()) OpenFile(app, AbsolutePath(design_path));
+  return desk->Run([&app](const event& happened) { return HandleEvent(app, happened); });
+}
+
+}  // namespace mardel

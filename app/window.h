@@ -1,0 +1,18 @@
+// The program with its main window.
+#pragma once
+
+#include <string>
+
+#include "app/program.h"
+#include "platform/desktop.h"
+
+namespace mardel {
+
+// As it opens, with the design of `app` on its canvas, which must outlive it.
+main_window MainWindow(const program& app);
+
+// Runs until the user quits; returns the process's exit code. `design_path` may be "". The
+// arguments are those of main.
+int RunWindow(const std::string& design_path, int& argument_count, char** arguments);
+
+}  // namespace mardel
