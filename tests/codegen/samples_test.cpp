@@ -1,0 +1,29 @@
+#include <gtest/gtest.h>
+
+#include "tests/codegen/library_folder.h"
+#include "tests/support/files.h"
+
+namespace mardel {
+namespace {
+
+// Each sample's source was worked out by hand.
+TEST(Samples, OpenGenerateAndSaveToTheSameBytes) {
+  const auto samples = std::filesystem::path(MARDEL_SOURCE_DIR) / "samples";
+  for (const auto& folder : Fixtures("samples")) {
+    SCOPED_TRACE(folder);
+    const auto path = samples / (folder.filename().string() + ".mrd");
+    library_folder run(samples / "Libraries");
+    run.Load(path);
+    EXPECT_EQ(DesignText(run.document), ReadAll(path));
+
+    const scratch_folder out;
+    EXPECT_TRUE(CheckDesign(run.document, run.desk));
+    EXPECT_EQ(run.Calls(), "");
+    run.Generate(out.Path() + "out.dvc");
+    EXPECT_EQ(ReadAll(out.Path() + "out.dvc"), ReadAll(folder / "expected.dvc"));
+    EXPECT_EQ(run.desk.calls.size(), 1U) << "only the requester is shown";
+  }
+}
+
+}  // namespace
+}  // namespace mardel

@@ -1,0 +1,65 @@
+// Libraries, their menus and their blocks as text.
+#pragma once
+
+#include <sstream>
+#include <string>
+
+#include "library/library_set.h"
+#include "tests/support/fixed_metrics.h"
+#include "tests/support/recording_painter.h"
+
+namespace mardel {
+
+// Libraries and menu while they are being built.
+struct registration {
+  library_set set;
+  menu libraries;
+  int next_id = 26;
+  byte_metrics metrics;
+  menu_builder builder{libraries, next_id, metrics};
+};
+
+// Size, pins and parameters of a definition or a placed block.
+template <class any_block>
+std::string DescribeContents(const any_block& block) {
+  std::ostringstream out;
+  out << block.width << 'x' << block.height;
+  for (const pin& p : block.pins) {
+    out << " (" << p.pin_num << ' ' << p.pin_name << ' ' << p.pin_type << ' ' << p.pin_side << ' '
+        << p.pin_x << ',' << p.pin_y << ": " << p.pin_desc << ')';
+  }
+  for (const param& p : block.params) {
+    out << " [" << p.param_num << ' ' << p.param_name << ' ' << p.param_type << '=' << p.param_value
+        << ": " << p.param_desc << ']';
+  }
+  return out.str();
+}
+
+inline std::string DescribeShape(const blockdef& block) {
+  return "  " + block.lib + ' ' + DescribeContents(block) + ':';
+}
+
+// The libraries from `first` on, then the menu; neighbours of one shape share a line.
+inline std::string Describe(const registration& r, std::size_t first) {
+  std::ostringstream out;
+  for (std::size_t i = first; i < r.set.Libraries().size(); ++i) {
+    const library& l = r.set.Libraries()[i];
+    out << l.name << " \"" << l.desc << "\" " << Describe(l.lib_color) << ' '
+        << Describe(l.lib_text_color);
+    out << '\n';
+  }
+  for (const menu_item& submenu : r.libraries.items) {
+    out << "menu " << submenu.text;
+    std::string shape;
+    for (const menu_item& place : submenu.items) {
+      const blockdef& block = *r.set.FindDefinition(place.id);
+      if (shape != DescribeShape(block)) out << '\n' << (shape = DescribeShape(block));
+      out << ' ' << block.id << ' ' << place.text;
+      if (!block.desc.empty()) out << " \"" << block.desc << '"';
+    }
+    out << '\n';
+  }
+  return out.str();
+}
+
+}  // namespace mardel

@@ -1,0 +1,167 @@
+// Drives the real window on the toolkit's offscreen platform.
+#include "platform/desktop.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QMouseEvent>
+#include <QTimer>
+#include <variant>
+
+#include "platform/qt/canvas.h"
+#include "platform/qt/secondary_window.h"
+#include "tests/platform/toolkit.h"
+
+namespace mardel {
+namespace {
+
+const char* const kNasty = "<b>R&D</b>";
+
+// What of an event tells it from others of its kind.
+std::string Describe(const event& happened) {
+  struct teller {
+    std::string operator()(const menu_chosen& e) { return "menu " + std::to_string(e.id); }
+    std::string operator()(const canvas_mouse& e) {
+      return "mouse " + std::to_string(static_cast<int>(e.action)) + " at " +
+             std::to_string(e.at.x) + "," + std::to_string(e.at.y);
+    }
+    std::string operator()(const canvas_wheel& e) { return "wheel " + std::to_string(e.steps); }
+    std::string operator()(const canvas_key& e) { return "key " + std::to_string(e.code); }
+    std::string operator()(const canvas_interrupted&) { return "interrupted"; }
+    std::string operator()(const gadget_used& e) { return "gadget " + std::to_string(e.gadget); }
+    std::string operator()(const window_close_requested&) { return "close window"; }
+    std::string operator()(const main_window_resized&) { return "resized"; }
+    std::string operator()(const main_window_close_requested&) { return "close"; }
+  };
+  return std::visit(teller{}, happened);
+}
+
+using strings = std::vector<std::string>;
+
+// One window for all tests, as the toolkit has it.
+class desktop_test : public testing::Test {
+ protected:
+  // What the program hears while `act` runs in the event loop.
+  template <class action>
+  strings Hear(action act) {
+    strings heard;
+    QTimer::singleShot(0, [&] {
+      act();
+      QApplication::exit(0);
+    });
+    desk.Run([&](const event& e) {
+      if (!std::holds_alternative<main_window_resized>(e)) heard.push_back(Describe(e));
+      return true;
+    });
+    return heard;
+  }
+
+  static void Mouse(QEvent::Type type, QPointF at, Qt::MouseButton button) {
+    canvas* const target = Find<canvas>();
+    QMouseEvent sent(type, at, target->mapToGlobal(at), button, button, Qt::NoModifier);
+    QApplication::sendEvent(target, &sent);
+  }
+
+  static void Key(QWidget* target, int key) {
+    QKeyEvent sent(QEvent::KeyPress, key, Qt::NoModifier);
+    QApplication::sendEvent(target, &sent);
+  }
+
+  desktop& desk = SharedDesktop();
+};
+
+TEST_F(desktop_test, DeliversMouseAndKeysOnce) {
+  const strings heard = Hear([] {
+    Mouse(QEvent::MouseButtonPress, {5, 6}, Qt::LeftButton);
+    Mouse(QEvent::MouseMove, {-7, 2000}, Qt::NoButton);
+    Mouse(QEvent::MouseButtonRelease, {9, 10}, Qt::LeftButton);
+    Mouse(QEvent::MouseButtonDblClick, {9, 10}, Qt::LeftButton);
+    QFocusEvent lost(QEvent::FocusOut);
+    QApplication::sendEvent(Find<canvas>(), &lost);
+    Mouse(QEvent::MouseButtonRelease, {9, 10}, Qt::LeftButton);
+    Mouse(QEvent::MouseButtonPress, {1, 2}, Qt::RightButton);
+    Mouse(QEvent::MouseButtonRelease, {1, 2}, Qt::RightButton);
+    Key(Find<canvas>(), Qt::Key_Backspace);
+    Key(Find<canvas>(), Qt::Key_Delete);
+    Key(Find<canvas>(), Qt::Key_A);
+  });
+  EXPECT_EQ(heard,
+            (strings{"mouse 1 at 5,6", "mouse 0 at -7,2000", "mouse 2 at 9,10", "mouse 1 at 9,10",
+                     "interrupted", "mouse 3 at 1,2", "key 127", "key 127"}));
+}
+
+TEST_F(desktop_test, HandlesOneEventAtATime) {
+  strings order;
+  QTimer::singleShot(0, [] { Key(Find<canvas>(), Qt::Key_Delete); });
+  desk.Run([&](const event& e) {
+    if (std::holds_alternative<main_window_resized>(e)) return true;
+    if (!std::holds_alternative<canvas_key>(e)) {
+      order.push_back(Describe(e));
+      return false;
+    }
+    QTimer box_opens;
+    QObject::connect(&box_opens, &QTimer::timeout, [] {
+      auto* const box = Find<QMessageBox>();
+      if (box == nullptr) return;
+      Find<QMainWindow>()->close();
+      box->close();
+    });
+    box_opens.start(0);
+    const answer given = desk.ShowMessage({"T", kNasty, message_buttons::kYesNo});
+    order.emplace_back(given == answer::kNo ? "box closed: no" : "box closed: yes");
+    return true;
+  });
+  EXPECT_EQ(order, (strings{"box closed: no", "close"}));
+}
+
+TEST_F(desktop_test, MakesMenusLiteralAndLate) {
+  menu_item late{menu_item_kind::kSubmenu, kNasty, 0, "", menu_role::kNone, {}};
+  late.items.push_back({menu_item_kind::kCommand, "a\tb", 7, "", menu_role::kNone, {}});
+  desk.SetMenuBar({{"Li&b", {late}}});
+  QAction* const title = Find<QMainWindow>()->menuBar()->actions().at(0);
+  EXPECT_EQ(title->text().toStdString(), "Li&&b");
+  ASSERT_NE(title->menu(), nullptr);
+  ASSERT_EQ(title->menu()->actions().size(), 1);
+  QMenu* const submenu = title->menu()->actions().at(0)->menu();
+  ASSERT_NE(submenu, nullptr);
+  EXPECT_EQ(submenu->title().toStdString(), "<b>R&&D</b>");
+  EXPECT_TRUE(submenu->isEmpty());
+  const strings heard = Hear([submenu] {
+    emit submenu->aboutToShow();
+    emit submenu->aboutToShow();
+    ASSERT_EQ(submenu->actions().size(), 1);
+    EXPECT_EQ(submenu->actions().at(0)->text(), "a b");
+    submenu->actions().at(0)->trigger();
+  });
+  EXPECT_EQ(heard, strings{"menu 7"});
+}
+
+TEST_F(desktop_test, LeavesTheClosingOfAWindowToTheProgram) {
+  const window contents{
+      "W[*]",
+      300,
+      200,
+      {{.id = 3, .kind = gadget_kind::kTextField, .place = {70, 10, 100, 20}, .text = ""},
+       {.id = 1, .kind = gadget_kind::kDefaultButton, .place = {9, 400, 80, 25}, .text = "OK"}}};
+  const strings heard = Hear([&] {
+    const int number = desk.OpenWindow(contents);
+    auto* const made = Find<secondary_window>();
+    EXPECT_EQ(made->focusWidget(), made->Find(3));
+    desk.SetGadgetText(number, 3, "a\x01z\n");
+    EXPECT_EQ(desk.GadgetText(number, 3), "az");
+    Key(made->Find(3), Qt::Key_Return);
+    Key(made, Qt::Key_Escape);
+    made->close();
+    EXPECT_TRUE(made->isVisible());
+    desk.CloseWindow(number);
+  });
+  EXPECT_EQ(heard, (strings{"gadget 1", "close window", "close window"}));
+}
+
+}  // namespace
+}  // namespace mardel

@@ -1,0 +1,222 @@
+// Windows made from tables, message boxes and requesters, as a hostile text or a hasty user meets
+// them.
+#include <gtest/gtest.h>
+
+#include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScreen>
+#include <QTimer>
+
+#include "platform/qt/gadget_fitting.h"
+#include "platform/qt/secondary_window.h"
+#include "tests/platform/toolkit.h"
+
+namespace mardel {
+namespace {
+
+gadget Make(int id, gadget_kind kind, const rectangle& place, const std::string& text) {
+  return {.id = id, .kind = kind, .place = place, .text = text};
+}
+
+void Press(QWidget& target, int key, Qt::KeyboardModifiers held = Qt::NoModifier) {
+  QKeyEvent sent(QEvent::KeyPress, key, held);
+  QApplication::sendEvent(&target, &sent);
+}
+
+class gadgets_test : public testing::Test {
+ protected:
+  // Opens a window of these gadgets, hands it to `act`, and closes it.
+  template <class action>
+  void WithWindow(std::vector<gadget> gadgets, int height, action act) {
+    const int number = desk.OpenWindow({"Window", 300, height, std::move(gadgets)});
+    act(number, *Find<secondary_window>());
+    desk.CloseWindow(number);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+
+  // Shows the box, hands it to `act` and tells the answer.
+  template <class action>
+  answer WithBox(const message& shown, action act) {
+    QTimer opens;
+    QObject::connect(&opens, &QTimer::timeout, [&] {
+      auto* const box = Find<QMessageBox>();
+      if (box == nullptr) return;
+      opens.stop();
+      act(*box);
+    });
+    opens.start(0);
+    return desk.ShowMessage(shown);
+  }
+
+  desktop& desk = SharedDesktop();
+};
+
+TEST_F(gadgets_test, DropWhatAFileCannotHold) {
+  const std::vector<gadget> gadgets = {
+      Make(1, gadget_kind::kTextField, {10, 10, 100, 20}, std::string(40000, 'p')),
+      Make(2, gadget_kind::kEditor, {10, 40, 100, 60}, "one\xC2\xA0two\r\nthree")};
+  WithWindow(gadgets, 200, [this](int number, secondary_window& made) {
+    EXPECT_EQ(desk.GadgetText(number, 1), std::string(40000, 'p'));
+    EXPECT_EQ(desk.GadgetText(number, 2), "one\xC2\xA0two\nthree");
+    QApplication::clipboard()->setText(QString::fromUtf8("a\x01\n<b>\uFFFE&\u2028z"));
+    for (const int id : {1, 2}) {
+      desk.SetGadgetText(number, id, "");
+      Press(*made.Find(id), Qt::Key_V, Qt::ControlModifier);
+    }
+    EXPECT_EQ(desk.GadgetText(number, 1), "a<b>&z");
+    EXPECT_EQ(desk.GadgetText(number, 2), "a\n<b>&\nz");
+    Press(*made.Find(2), Qt::Key_Return);
+    EXPECT_EQ(desk.GadgetText(number, 2), "a\n<b>&\nz\n");
+  });
+}
+
+TEST_F(gadgets_test, FollowTheKeyboard) {
+  const std::vector<gadget> gadgets = {Make(0, gadget_kind::kLabel, {10, 10, 40, 20}, "Left:"),
+                                       Make(1, gadget_kind::kTextField, {60, 10, 60, 20}, "old"),
+                                       Make(0, gadget_kind::kRightLabel, {10, 40, 40, 20}, "R&D:"),
+                                       Make(2, gadget_kind::kTextField, {60, 40, 60, 20}, ""),
+                                       Make(3, gadget_kind::kDefaultButton, {10, 70, 60, 25}, "OK"),
+                                       Make(4, gadget_kind::kButton, {80, 70, 60, 25}, "Cancel")};
+  WithWindow(gadgets, 200, [](int /*number*/, secondary_window& made) {
+    std::vector<QWidget*> tabbed;
+    for (QWidget* next = made.Find(1); tabbed.size() < 4; next = next->nextInFocusChain()) {
+      if (next->focusPolicy() & Qt::TabFocus) tabbed.push_back(next);
+    }
+    EXPECT_EQ(tabbed, (std::vector{made.Find(1), made.Find(2), made.Find(3), made.Find(4)}));
+    EXPECT_EQ(dynamic_cast<QLineEdit*>(made.Find(1))->selectedText(), "old");
+    EXPECT_EQ(made.Find(1)->accessibleName(), "Left:");
+    EXPECT_EQ(made.Find(2)->accessibleName(), "R&D:");
+    for (const auto* label : made.findChildren<QLabel*>()) {
+      const bool is_literal = label->text().contains('&');
+      EXPECT_EQ(label->buddy(), is_literal ? nullptr : made.Find(1));
+    }
+    std::vector<QString> pressed;
+    for (const int id : {3, 4}) {
+      auto* const button = dynamic_cast<QPushButton*>(made.Find(id));
+      QObject::connect(button, &QPushButton::clicked,
+                       [&, button] { pressed.push_back(button->text()); });
+    }
+    Press(*made.Find(2), Qt::Key_Return);
+    made.Find(4)->setFocus();
+    Press(*made.Find(4), Qt::Key_Return);
+    EXPECT_EQ(pressed, (std::vector<QString>{"OK", "Cancel"}));
+  });
+}
+
+TEST_F(gadgets_test, StayWithinReachOnALowScreen) {
+  const std::int64_t screen = QGuiApplication::primaryScreen()->availableGeometry().height();
+  const std::vector<gadget> gadgets = {
+      Make(2, gadget_kind::kTextField, {10, 10, 60, 25}, ""),
+      Make(1, gadget_kind::kButton, {10, 3 * screen, 60, 25}, "OK")};
+  WithWindow(gadgets, static_cast<int>(3 * screen + 100),
+             [screen](int /*number*/, secondary_window& made) {
+               EXPECT_LE(made.height(), screen);
+               Press(*made.Find(2), Qt::Key_Tab);
+               EXPECT_FALSE(made.Find(1)->visibleRegion().isEmpty());
+             });
+}
+
+TEST_F(gadgets_test, WorkWhileTheMainWindowIsDisabled) {
+  const std::vector<gadget> gadgets = {Make(1, gadget_kind::kTextField, {10, 10, 99, 20}, "")};
+  const int earlier = desk.OpenWindow({"Directory", 200, 100, gadgets, window_modality::kModeless});
+  desk.DisableMainWindow();
+  EXPECT_FALSE(Find<QMainWindow>()->isEnabled());
+  const int number = desk.OpenWindow({"Modal", 200, 100, gadgets});
+  for (const auto* each : Find<QMainWindow>()->findChildren<QDialog*>()) {
+    EXPECT_EQ(each->isEnabled(), each->windowTitle() == "Modal")
+        << each->windowTitle().toStdString();
+  }
+  WithBox({"T", "x"}, [](QMessageBox& box) {
+    EXPECT_TRUE(box.isEnabled());
+    box.close();
+  });
+  desk.CloseWindow(number);
+  desk.CloseWindow(earlier);
+  desk.EnableMainWindow();
+  EXPECT_TRUE(Find<QMainWindow>()->isEnabled());
+}
+
+TEST_F(gadgets_test, GrowIntoTheFreeRoomOfTheirRow) {
+  window contents{"W", 300, 200, {}};
+  contents.gadgets = {Make(0, gadget_kind::kLabel, {50, 10, 20, 20}, ""),
+                      Make(0, gadget_kind::kTextField, {100, 10, 50, 20}, ""),
+                      Make(0, gadget_kind::kRightLabel, {180, 10, 20, 20}, ""),
+                      Make(0, gadget_kind::kCentredLabel, {140, 50, 20, 20}, ""),
+                      Make(0, gadget_kind::kLabel, {25, 85, 50, 20}, ""),
+                      Make(0, gadget_kind::kCheckBox, {50, 80, 100, 25}, ""),
+                      Make(0, gadget_kind::kOption, {50, 100, 100, 25}, "")};
+  struct fitting_case {
+    std::size_t gadget;
+    int wanted, left, width;
+  };
+  const fitting_case cases[] = {{0, 10, 50, 20},   {0, 40, 50, 40},   {0, 60, 38, 60},
+                                {0, 999, 10, 88},  {2, 40, 160, 40},  {2, 999, 152, 138},
+                                {3, 120, 90, 120}, {3, 999, 10, 280}, {4, 10, 25, 23},
+                                {5, 150, 50, 150}, {6, 240, 50, 240}, {6, 999, 10, 280}};
+  for (const fitting_case& each : cases) {
+    const QRect place = FittingPlace(contents, contents.gadgets.at(each.gadget), each.wanted);
+    EXPECT_EQ(place.left(), each.left) << each.gadget << " " << each.wanted;
+    EXPECT_EQ(place.width(), each.width) << each.gadget << " " << each.wanted;
+  }
+}
+
+TEST_F(gadgets_test, BoxesAnswerEscapeByWhatChangesNothing) {
+  const std::pair<message_buttons, answer> cases[] = {
+      {message_buttons::kOk, answer::kOk},
+      {message_buttons::kYesNo, answer::kNo},
+      {message_buttons::kYesNoCancel, answer::kCancel}};
+  for (const auto& [buttons, expected] : cases) {
+    const message shown{"[*]", "<b>x</b> &y\rz\xFF", buttons, message_icon::kCaution};
+    const answer given = WithBox(shown, [](QMessageBox& box) {
+      EXPECT_EQ(box.windowTitle(), "[*][*]");
+      EXPECT_EQ(box.textFormat(), Qt::PlainText);
+      EXPECT_EQ(box.text(), QString::fromUtf8("<b>x</b> &y\nz\uFFFD"));
+      EXPECT_EQ(box.icon(), QMessageBox::Warning);
+      Press(box, Qt::Key_Escape);
+    });
+    EXPECT_EQ(given, expected);
+  }
+}
+
+TEST_F(gadgets_test, BoxesOfLongTextsFitTheScreen) {
+  std::string lines;
+  for (int i = 0; i < 30000; ++i) lines += "line\r\n";
+  for (const std::string& text : {lines, std::string(4000, 'x'), "a " + std::string(200, 'y')}) {
+    WithBox({"T", text}, [&text](QMessageBox& box) {
+      const QSize room = QGuiApplication::primaryScreen()->availableSize();
+      EXPECT_LE(box.height(), room.height());
+      EXPECT_LE(box.width(), room.width());
+      auto* const shown = box.findChild<QPlainTextEdit*>();
+      ASSERT_NE(shown, nullptr);
+      EXPECT_TRUE(shown->isReadOnly());
+      EXPECT_GE(shown->toPlainText().size() + 30000, static_cast<qsizetype>(text.size()));
+      Press(box, Qt::Key_Return);
+    });
+  }
+}
+
+TEST_F(gadgets_test, CheckMarksAreTheProgramsOwn) {
+  menu_item deep{menu_item_kind::kSubmenu, "Deep", 0, "", menu_role::kNone, {}};
+  deep.items.push_back({menu_item_kind::kCheckable, "Grid", 7, "", menu_role::kNone, {}});
+  desk.SetMenuBar({{"Edit", {deep}}});
+  desk.CheckMenuItem(7, true);
+  QMenu* const submenu =
+      Find<QMainWindow>()->menuBar()->actions().at(0)->menu()->actions().at(0)->menu();
+  emit submenu->aboutToShow();
+  QAction* const grid = submenu->actions().at(0);
+  EXPECT_TRUE(grid->isChecked());
+  grid->trigger();
+  EXPECT_TRUE(grid->isChecked());
+  desk.CheckMenuItem(7, false);
+  EXPECT_FALSE(grid->isChecked());
+}
+
+}  // namespace
+}  // namespace mardel

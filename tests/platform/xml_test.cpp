@@ -1,0 +1,74 @@
+#include "platform/xml.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/support/table.h"
+
+namespace mardel {
+namespace {
+
+// name{text}, and after it the children in brackets
+std::string Outline(const xml_tree::node& node) {
+  std::string outline = std::string(node.Name()) + "{" + std::string(node.Text()) + "}";
+  if (!node.HasChildren()) return outline;
+  outline += "[";
+  for (const xml_tree::node child : node.Children()) outline += Outline(child);
+  return outline + "]";
+}
+
+std::string Repeat(const std::string& text, int count) {
+  std::string repeated;
+  for (int i = 0; i < count; ++i) repeated += text;
+  return repeated;
+}
+
+std::string Nested(int levels) {
+  return Repeat("<a>", levels) + Repeat("</a>", levels);
+}
+
+// Each of `levels` entities stands for ten of the one before, the first for `core`.
+std::string Entities(int levels, const std::string& core) {
+  std::string document = "<!DOCTYPE r [<!ENTITY e0 \"" + core + "\">";
+  for (int i = 1; i <= levels; ++i) {
+    document += "<!ENTITY e" + std::to_string(i) + " \"" +
+                Repeat("&e" + std::to_string(i - 1) + ";", 10) + "\">";
+  }
+  return document + "]><r>&e" + std::to_string(levels) + ";</r>";
+}
+
+TEST(Xml, ReadsWhatItsTableSays) {
+  ExpectTable("xml.txt", {{"ParseXml", [](auto& a) {
+                             const xml_result read = ParseXml(a.at(0));
+                             const bool is_read = read.status == xml_status::kRead;
+                             return is_read ? Outline(read.tree.Root()) : "malformed";
+                           }}});
+  const xml_result expanded = ParseXml(Entities(1, "x<b>y</b>"));
+  EXPECT_EQ(Outline(expanded.tree.Root()), "r{xxxxxxxxxx}[" + Repeat("b{y}", 10) + "]");
+}
+
+TEST(Xml, RefusesDeepNestingAndEntityBombs) {
+  // An entity of a size that expat lets through.
+  const std::string large = "<!DOCTYPE r [<!ENTITY e \"" + std::string(4'000'000, 'x') + "\">]><r>";
+  EXPECT_EQ(ParseXml(Nested(kMostXmlLevels)).status, xml_status::kRead);
+  EXPECT_EQ(ParseXml(large + Repeat("&e;", 30) + "</r>").status, xml_status::kRead);
+  for (const std::string& document :
+       {Nested(kMostXmlLevels + 1), Nested(1'000'000), Entities(9, "lol"), Entities(9, "<b/>"),
+        Entities(3, Nested(kMostXmlLevels)), large + Repeat("&e;", 40) + "</r>"}) {
+    EXPECT_EQ(ParseXml(document).status, xml_status::kMalformed) << document.substr(0, 100);
+  }
+}
+
+TEST(Xml, TellsUnreadableFilesFromMalformedOnes) {
+  const scratch_folder scratch;
+  WriteAll(scratch.Path() + "good", "<a>1</a>");
+  WriteAll(scratch.Path() + "empty", "");
+  EXPECT_EQ(ReadXmlFile(scratch.Path() + "good").status, xml_status::kRead);
+  EXPECT_EQ(ReadXmlFile(scratch.Path() + "empty").status, xml_status::kMalformed);
+  EXPECT_EQ(ReadXmlFile(scratch.Path()).status, xml_status::kNotLoaded);
+  EXPECT_EQ(ReadXmlFile(scratch.Path() + "missing").status, xml_status::kNotLoaded);
+}
+
+}  // namespace
+}  // namespace mardel
