@@ -1,0 +1,100 @@
+// From the start of a process to what the user sees of it.
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+
+#include "app/startup.h"
+#include "bench/child.h"
+#include "bench/measures.h"
+#include "codegen/design_file.h"
+
+namespace mardel {
+namespace {
+
+void Count(const std::vector<menu_item>& items, int& commands) {
+  for (const menu_item& each : items) {
+    if (each.kind == menu_item_kind::kSubmenu) {
+      Count(each.items, commands);
+    } else {
+      ++commands;
+    }
+  }
+}
+
+// The submenus and the commands of the program that finds these libraries.
+std::vector<std::string> MenuCounts(const std::string& home) {
+  setenv("HOME", home.c_str(), 1);
+  const auto measures = FixedTextMetrics();
+  console_ui desk(std::cerr);
+  host_process_runner runner;
+  const host_clock time;
+  program app({desk, *measures, runner, time});
+  const host_facts host = ThisHost();
+  ReadSettings(app, host);
+  int submenus = 0, commands = 0;
+  for (const menu& each : BuildMenus(app, host.kind)) {
+    for (const menu_item& top : each.items) submenus += top.kind == menu_item_kind::kSubmenu;
+    Count(each.items, commands);
+  }
+  return {std::to_string(submenus), std::to_string(commands)};
+}
+
+std::string BareWindow() {
+  return std::filesystem::read_symlink("/proc/self/exe").parent_path() / "mardel_bare_window";
+}
+
+void Show(benchmark::State& state, const command& started) {
+  for (auto _ : state) {
+    const mapping seen = StartWindow(started);
+    if (seen.painted == 0) state.SkipWithError("no window came");
+    state.SetIterationTime(seen.mapped);
+    state.counters[kPaintedCounter] = seen.painted * 1e3;
+    state.counters[kMemoryCounter] = seen.memory;
+  }
+}
+
+void Add(table& all, const char* name, const command& product, double target) {
+  command floor{{BareWindow()}, product.home};
+  for (const std::string& count : MenuCounts(product.home)) floor.words.push_back(count);
+  all.Add({.name = name,
+           .floor_name = "bare window",
+           .size = {},
+           .product = [=](benchmark::State& state) { Show(state, product); },
+           .floor = [=](benchmark::State& state) { Show(state, floor); },
+           .target = target,
+           .iterations = 1});
+}
+
+}  // namespace
+
+void AddStartMeasures(table& all, const inputs& in) {
+  Add(all, "start to mapped window, samples", {{in.Program(), in.SampleDesign()}, in.SamplesHome()},
+      1.3);
+  Add(all, "start to mapped window, 30 files of 50 blocks", {{in.Program()}, in.LibrariesHome()},
+      2);
+}
+
+void AddProcessMeasures(table& all, const inputs& in) {
+  const std::string path = in.Folder() + "large.mrd";
+  design_program generated;
+  generated.Generate(10000);
+  SaveDesign(generated.Document(), path);
+  const auto run = [](benchmark::State& state, const command& started) {
+    for (auto _ : state) {
+      TimeWaiting(state, [&] {
+        if (Await(Start(started)) != 0) state.SkipWithError("it failed");
+      });
+    }
+  };
+  const command generate{{in.Program(), "--generate", in.Folder() + "large.dvc", path},
+                         in.LibrariesHome()};
+  const command version{{in.Program(), "--version"}, in.LibrariesHome()};
+  all.Add({.name = "`mardel --generate`, whole process",
+           .floor_name = "`--version`",
+           .size = "10000",
+           .product = [=](benchmark::State& state) { run(state, generate); },
+           .floor = [=](benchmark::State& state) { run(state, version); },
+           .iterations = 1});
+}
+
+}  // namespace mardel
