@@ -14,6 +14,7 @@ cd "$work"
 mkfifo display calls
 exec {display}<>display {calls}<>calls
 Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>&"$display" &>/dev/null &
+server=$!
 read -r -u "$display" number
 export DISPLAY=:$number
 openbox --startup "sh -c 'echo ready >$work/calls'" &>/dev/null &
@@ -28,9 +29,10 @@ settle() {
 EOF
 }
 
-# Leaves the process in $program and its window in $main.
+# Leaves the process in $program and its window in $main. A program that fails takes the display
+# with it, so that no wait for a window of it goes on.
 start() {
-  "$MARDEL" &
+  ("$MARDEL" || kill "$server") &
   program=$!
   appears 'Mardel - GUI .*'
   main=$window
