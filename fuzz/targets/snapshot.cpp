@@ -1,0 +1,60 @@
+// The undo stack's texts of single items, whole or made up.
+#include "editor/snapshot.h"
+
+#include "fuzz/target.h"
+#include "platform/text.h"
+#include "platform/xml.h"
+
+namespace mardel {
+namespace {
+
+template <class record>
+void Return(const record& written) {
+  record read;
+  Require(ReadSnapshot(WriteSnapshot(written), read), "a snapshot is read");
+  Require(read == written, "a snapshot gives back every field");
+}
+
+template <class record>
+void Read(std::string_view xml) {
+  record into;
+  into.x = 17;
+  const record before = into;
+  if (ReadSnapshot(xml, into)) {
+    Return(into);
+  } else {
+    Require(into == before, "nothing changes when nothing is read");
+  }
+}
+
+// `text` in every kind of field.
+void Write(std::string_view part) {
+  const std::string text(part);
+  Return(textblock{.text_str = text});
+  dvblock block{.lib = text, .sub = text};
+  block.pins.push_back({.pin_name = text, .pin_desc = text});
+  block.params.assign(2, {.param_value = text});
+  Return(block);
+}
+
+// A general reader of XML finds the same text.
+void ReadAsXml(const std::string& text) {
+  const xml_result read = ParseXml(WriteSnapshot(textblock{.text_str = text}));
+  Require(read.status == xml_status::kRead, "a snapshot is XML");
+  for (const xml_tree::node field : read.tree.Root().Children()) {
+    if (field.Name() == "text_str") Require(field.Text() == text, "and its text the same");
+  }
+}
+
+}  // namespace
+
+void TryInput(std::string_view input) {
+  Read<dvblock>(input);
+  Read<textblock>(input);
+  net wire;
+  if (ReadSnapshot(input, wire)) Return(wire);
+  Write(input);
+  ReadAsXml(DropUnstorable(input));
+}
+
+}  // namespace mardel
