@@ -5,7 +5,6 @@
 #include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -175,23 +174,6 @@ TEST_F(files_test, AFullDiskCostsNothing) {
   }
   EXPECT_TRUE(ReadAll(In("old")) == old && ReadAll(In("closed/old")) == old);
   EXPECT_EQ(Names(), (names{"closed", "old"}));
-}
-
-// A timer ends the saving process in the middle of its work.
-TEST_F(files_test, AKilledSaveLeavesTheOldOrTheNewAndNothingElse) {
-  const std::string contents[] = {std::string(300'000, 'a'), std::string(200'000, 'b')};
-  Make("file", 0644, contents[0]);
-  for (int death = 0; death < 30; ++death) {
-    InChild([&]() -> write_status {
-      const itimerval life{{0, 0}, {0, 500 + 731 * death}};
-      setitimer(ITIMER_REAL, &life, nullptr);
-      for (int i = 0;; ++i) ReplaceFile(In("file"), contents[i % 2]);
-    });
-    const std::string left = ReadAll(In("file"));
-    ASSERT_TRUE(left == contents[0] || left == contents[1]) << left.size();
-  }
-  EXPECT_EQ(ReplaceFile(In("file"), "end"), kWritten);
-  EXPECT_EQ(Names(), names{"file"});
 }
 
 TEST_F(files_test, TheNextSaveRemovesDeadTemporariesAndNoLiveOnes) {
