@@ -56,11 +56,9 @@ std::vector<design_problem> FindTypeMismatches(const design& document, const net
                                                const std::vector<std::string_view>& types,
                                                problem_search search) {
   std::vector<design_problem> found;
-  auto pair = ends.Pairs().begin();
-  for (const net& wire : document.nets) {
-    const end_pair both = *pair++;
+  for (const end_pair& both : ends.Pairs()) {
     if (types[both.first] == types[both.second]) continue;
-    found.push_back({{}, &wire});
+    found.push_back({{}, both.wire});
     if (search == problem_search::kFirst) break;
   }
   if (found.empty()) return found;

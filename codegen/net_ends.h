@@ -25,12 +25,14 @@ struct net_end_hash {
   }
 };
 
-// Both ends of one net, as numbers.
+// A net, with both its ends as numbers.
 struct end_pair {
+  const net* wire = nullptr;
   std::uint32_t first = 0, second = 0;
 };
 
-// Numbers every distinct end from 0. Refers to the names in the nets, which must stay as they are.
+// Numbers every distinct end from 0. Refers to the nets, which must stay as they are. What follows
+// works on the numbers: they lie side by side, where nets and blocks lie all over the memory.
 class net_ends {
  public:
   explicit net_ends(const cursor_list<net>& nets);
@@ -39,6 +41,7 @@ class net_ends {
   const std::vector<end_pair>& Pairs() const { return pairs_; }
   // Of distinct ends.
   std::size_t Count() const { return numbers_.size(); }
+  std::int64_t BlockOf(std::uint32_t end) const { return numbers_.Key(end).block_id; }
   // kNoNumber when no net ends there.
   std::uint32_t Find(std::int64_t block_id, std::string_view pin_name) const {
     return numbers_.Find({block_id, pin_name});

@@ -22,14 +22,9 @@ void Report(const design_problem& problem, ui& desk) {
   desk.ShowMessage(problem.report);
 }
 
-std::vector<net_node> JoinedNodes(const design& document, const net_ends& ends,
+std::vector<net_node> JoinedNodes(net_grouping& grouping, const net_ends& ends,
                                   const std::vector<std::string_view>& types) {
-  net_grouping grouping = GroupNets(ends);
   const std::vector<std::uint32_t> left = JoinNodes(grouping, ends);
-  std::vector<const net*> nets;
-  nets.reserve(document.nets.size());
-  for (const net& wire : document.nets) nets.push_back(&wire);
-
   std::vector<net_node> nodes;
   nodes.reserve(left.size());
   for (const std::uint32_t number : left) {
@@ -39,7 +34,7 @@ std::vector<net_node> JoinedNodes(const design& document, const net_ends& ends,
     // kept: the first node of a design has no type, so that only a register block names it.
     if (number != 0) node.type = types[ends.Pairs()[chain.first].first];
     for (std::uint32_t wire = chain.first; wire != kNoNumber; wire = grouping.next[wire]) {
-      node.nets.push_back(nets[wire]);
+      node.nets.push_back(ends.Pairs()[wire].wire);
     }
   }
   return nodes;
@@ -58,8 +53,10 @@ std::optional<std::vector<net_node>> BuildNetlist(const design& document, regist
     Report(mismatches.front(), desk);
     return std::nullopt;
   }
-  std::vector<net_node> nodes = JoinedNodes(document, ends, types);
-  AssignRegisters(document, nodes, pool);
+  net_grouping grouping = GroupNets(ends);
+  std::vector<net_node> nodes = JoinedNodes(grouping, ends, types);
+  NameAfterBlocks(nodes, grouping, ends, TakeNamedRegisters(document, pool));
+  TakeFreeRegisters(nodes, pool);
   return nodes;
 }
 

@@ -3,7 +3,9 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "codegen/net_ends.h"
@@ -39,8 +41,21 @@ net_grouping GroupNets(const net_ends& ends);
 // for it, and it takes one node a pass, so that some bridged nodes stay apart.
 std::vector<std::uint32_t> JoinNodes(net_grouping& grouping, const net_ends& ends);
 
-// Register blocks name their nodes, the last one in block order where there are several; the other
-// nodes of type "MREG" get the free memory registers.
-void AssignRegisters(const design& document, std::vector<net_node>& nodes, register_pool& pool);
+struct register_block {
+  std::size_t place = 0;  // among the register blocks, in block order, from 1
+  const std::string* name = nullptr;
+};
+
+// The last register block of each id. Those of the pool are no longer free.
+using register_blocks = std::unordered_map<std::int64_t, register_block>;
+register_blocks TakeNamedRegisters(const design& document, register_pool& pool);
+
+// Register blocks name the nodes that they are wired to, the last one in block order where there
+// are several. The nodes' ids are their numbers in the grouping.
+void NameAfterBlocks(std::vector<net_node>& nodes, const net_grouping& grouping,
+                     const net_ends& ends, const register_blocks& registers);
+
+// The nodes of type "MREG" that are left without a name get the free memory registers.
+void TakeFreeRegisters(std::vector<net_node>& nodes, register_pool& pool);
 
 }  // namespace mardel

@@ -38,6 +38,8 @@ class numbering {
     return slot;
   }
 
+  const key& Key(std::uint32_t number) const { return keys_[number]; }
+
   // kNoNumber for a key that has none.
   std::uint32_t Find(const key& of) const { return slots_[Slot(of)]; }
 

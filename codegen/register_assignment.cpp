@@ -1,19 +1,9 @@
 #include <algorithm>
-#include <unordered_map>
 
 #include "codegen/netlist_steps.h"
 #include "platform/text.h"
 
 namespace mardel {
-namespace {
-
-struct register_block {
-  std::size_t place = 0;  // among the register blocks, in block order
-  const std::string* name = nullptr;
-};
-
-// The last register block of each id.
-using register_blocks = std::unordered_map<std::int64_t, register_block>;
 
 register_blocks TakeNamedRegisters(const design& document, register_pool& pool) {
   register_blocks found;
@@ -27,24 +17,27 @@ register_blocks TakeNamedRegisters(const design& document, register_pool& pool) 
   return found;
 }
 
-void NameAfterBlocks(net_node& node, const register_blocks& registers) {
-  register_block last;
-  for (const net* wire : node.nets) {
-    for (const std::int64_t id : {wire->id_1, wire->id_2}) {
-      const auto found = registers.find(id);
-      if (found != registers.end() && found->second.place > last.place) last = found->second;
-    }
+void NameAfterBlocks(std::vector<net_node>& nodes, const net_grouping& grouping,
+                     const net_ends& ends, const register_blocks& registers) {
+  if (registers.empty()) return;
+  std::vector<register_block> under(ends.Count());  // by end
+  for (std::uint32_t end = 0; end < ends.Count(); ++end) {
+    const auto found = registers.find(ends.BlockOf(end));
+    if (found != registers.end()) under[end] = found->second;
   }
-  if (last.name != nullptr) node.mr = *last.name;
+  for (net_node& node : nodes) {
+    register_block last;
+    std::uint32_t wire = grouping.nodes[static_cast<std::size_t>(node.id)].first;
+    for (; wire != kNoNumber; wire = grouping.next[wire]) {
+      const end_pair& both = ends.Pairs()[wire];
+      last = std::ranges::max({last, under[both.first], under[both.second]}, {},
+                              &register_block::place);
+    }
+    if (last.name != nullptr) node.mr = *last.name;
+  }
 }
 
-}  // namespace
-
-void AssignRegisters(const design& document, std::vector<net_node>& nodes, register_pool& pool) {
-  const register_blocks registers = TakeNamedRegisters(document, pool);
-  if (!registers.empty()) {
-    for (net_node& node : nodes) NameAfterBlocks(node, registers);
-  }
+void TakeFreeRegisters(std::vector<net_node>& nodes, register_pool& pool) {
   // Of register names only those of up to two characters, such as "R0", leave room for another.
   constexpr std::size_t kLongestUnnamed = 2;
   auto next_free = pool.memory.begin();

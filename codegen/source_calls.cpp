@@ -98,7 +98,6 @@ std::optional<message> AppendCalls(std::string& text, std::span<const dvblock* c
   const pin_registers registers(nodes);
   std::vector<argument> arguments;
   for (const dvblock* block : blocks) {
-    if (IsRegisterClass(block->lib)) continue;
     ListArguments(*block, arguments);
     const std::size_t line_start = text.size();
     if (const argument* unset = AppendCall(text, *block, arguments, registers)) {

@@ -31,26 +31,31 @@ std::string Header(const date_time& now) {
 
 using placed_blocks = std::vector<const dvblock*>;
 
-placed_blocks SortedByX(const design& document) {
-  // The blocks lie all over the memory, so the sort looks at none of them.
+// Each in order of x.
+struct sorted_blocks {
+  placed_blocks registers, others;
+  bool was_sorted = false;  // the design's list
+};
+
+sorted_blocks SortByX(const design& document) {
+  // The blocks lie all over the memory, so each is looked at once.
   struct placed {
     std::int64_t x;
     const dvblock* block;
+    bool is_register;
   };
-  std::vector<placed> sorted;
-  sorted.reserve(document.blocks.size());
-  for (const dvblock& block : document.blocks) sorted.push_back({block.x, &block});
-  std::ranges::stable_sort(sorted, {}, &placed::x);
-  placed_blocks blocks(sorted.size());
-  std::ranges::transform(sorted, blocks.begin(), &placed::block);
-  return blocks;
-}
-
-placed_blocks RegistersOf(const placed_blocks& blocks) {
-  placed_blocks registers;
-  std::ranges::copy_if(blocks, std::back_inserter(registers),
-                       [](const dvblock* block) { return IsRegisterClass(block->lib); });
-  return registers;
+  std::vector<placed> all;
+  all.reserve(document.blocks.size());
+  for (const dvblock& block : document.blocks) {
+    all.push_back({block.x, &block, IsRegisterClass(block.lib)});
+  }
+  sorted_blocks sorted;
+  sorted.was_sorted = std::ranges::is_sorted(all, {}, &placed::x);
+  if (!sorted.was_sorted) std::ranges::stable_sort(all, {}, &placed::x);
+  for (const placed& each : all) {
+    (each.is_register ? sorted.registers : sorted.others).push_back(each.block);
+  }
+  return sorted;
 }
 
 // One line for each "Preset" of the library's blocks that `take` allows.
@@ -98,11 +103,11 @@ source_result WriteSource(design& document, const std::vector<net_node>& nodes, 
        "Dravik file (*.dvc)|*.dvc|Text (*.txt)|*.txt|All files (*.*)|*.*"});
   if (result.path.empty()) return result;
 
-  const placed_blocks blocks = SortedByX(document);
+  const sorted_blocks blocks = SortByX(document);
   register_pool declared = pool;
-  std::string text = Header(context.time.Now()) +
-                     Declarations(RegistersOf(blocks), declared, context.options.expert);
-  const std::optional<message> unset = AppendCalls(text, blocks, nodes);
+  std::string text =
+      Header(context.time.Now()) + Declarations(blocks.registers, declared, context.options.expert);
+  const std::optional<message> unset = AppendCalls(text, blocks.others, nodes);
   result.status = ReplaceFile(result.path, text);
   if (result.status == write_status::kFailed) {
     context.desk.ShowMessage(
@@ -112,8 +117,7 @@ source_result WriteSource(design& document, const std::vector<net_node>& nodes, 
   }
   if (result.status != write_status::kWritten) return result;
 
-  // Sorting a list is slow, and most of the time it is in order since the last writing.
-  if (!std::ranges::is_sorted(document.blocks, {}, &dvblock::x)) {
+  if (!blocks.was_sorted) {
     document.blocks.SortStably([](const dvblock& a, const dvblock& b) { return a.x < b.x; });
   }
   pool = std::move(declared);
