@@ -30,8 +30,9 @@ void NameAfterBlocks(std::vector<net_node>& nodes, const net_grouping& grouping,
     std::uint32_t wire = grouping.nodes[static_cast<std::size_t>(node.id)].first;
     for (; wire != kNoNumber; wire = grouping.next[wire]) {
       const end_pair& both = ends.Pairs()[wire];
-      last = std::ranges::max({last, under[both.first], under[both.second]}, {},
-                              &register_block::place);
+      for (const std::uint32_t end : {both.first, both.second}) {
+        if (under[end].place > last.place) last = under[end];
+      }
     }
     if (last.name != nullptr) node.mr = *last.name;
   }
