@@ -10,6 +10,7 @@ namespace {
 // Collects the file's lines. Tags come with their indentation and line ends.
 class xml_lines {
  public:
+  explicit xml_lines(std::size_t expected_size) { text_.reserve(expected_size); }
   void Tags(std::string_view tags) { text_ += tags; }
   void Value(std::string_view open, std::string_view value, std::string_view close) {
     text_ += open;
@@ -79,10 +80,17 @@ void WriteNote(xml_lines& lines, const textblock& note) {
   lines.Tags("        </text_item>\n");
 }
 
+// Room for what most designs need; what stays unused is never touched.
+std::size_t ExpectedSize(const design& document) {
+  constexpr std::size_t kBytesOfBlock = 1024, kBytesOfNet = 384, kBytesOfNote = 256;
+  return kBytesOfBlock * document.blocks.size() + kBytesOfNet * document.nets.size() +
+         kBytesOfNote * document.texts.size();
+}
+
 }  // namespace
 
 std::string DesignText(const design& document) {
-  xml_lines lines;
+  xml_lines lines(ExpectedSize(document));
   lines.Tags("<MardelDesign>\n");
   lines.Tags("    <blocks>\n");
   for (const dvblock& block : document.blocks) WriteBlock(lines, block);
