@@ -1,9 +1,9 @@
 // Wired designs made of bytes: the netlist equals the one without an index.
 #include "codegen/netlist.h"
 
+#include "fuzz/literal_netlist.h"
 #include "fuzz/target.h"
 #include "tests/codegen/wired_design.h"
-#include "tests/support/literal_netlist.h"
 #include "tests/support/scripted_ui.h"
 
 namespace mardel {

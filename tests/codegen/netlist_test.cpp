@@ -2,11 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "tests/codegen/wired_design.h"
 #include "tests/support/files.h"
-#include "tests/support/literal_netlist.h"
 #include "tests/support/scripted_ui.h"
 
 namespace mardel {
@@ -56,63 +53,6 @@ TEST(Netlist, ChecksParametersThenPinsBlockByBlock) {
     if (!unset.empty()) shown.push_back("message " + line(unset.front()));
     EXPECT_EQ(desk.calls, shown);
   }
-}
-
-// Few ids and names, so that nets meet, bridge and repeat; some start with many nodes apart, and
-// some have two types, missing pins and missing blocks.
-void FillAtRandom(design& document, std::mt19937& random) {
-  const auto below = [&](int limit) {
-    return static_cast<int>(random() % static_cast<unsigned>(limit));
-  };
-  const int ids = 2 + below(below(10) == 0 ? 100 : 30);
-  const int names = 1 + below(3);
-  const bool is_regular = below(4) != 0;
-  for (int n = 0; n < ids + below(4); ++n) {
-    const char* const names_of_blocks[] = {" d S",    " d S",      " MREG MR1",
-                                           " SFR R0", " SFR POT0", " MREG M"};
-    std::string block =
-        std::to_string(is_regular && n < ids ? n : below(ids)) + names_of_blocks[below(6)];
-    for (const char name : {'a', 'b', 'c'}) {
-      const bool is_odd = !is_regular && below(60) == 0;
-      block += std::string(" ") + name + (is_odd ? ":SFR" : ":MREG");
-    }
-    AddBlocks(document, block);
-  }
-  const auto end = [&](int id) { return std::to_string(id) + '.' + "abc"[below(names)]; };
-  std::string nets;
-  for (int id = ids * below(2); id > 1; id -= 2) nets += end(id - 1) + '-' + end(id - 2) + ' ';
-  for (int n = below(3 * ids); n > 0; --n) nets += end(below(ids)) + '-' + end(below(ids)) + ' ';
-  AddNets(document, nets);
-}
-
-TEST(Netlist, EqualsTheLiteralOneOnRandomDesigns) {
-  int refused = 0, many_passes = 0, kept_apart = 0;
-  for (unsigned seed = 0; seed < 6000; ++seed) {
-    std::mt19937 random(seed);
-    design document;
-    FillAtRandom(document, random);
-    register_pool pool = PoolOf(4), literal_pool = PoolOf(4);
-    scripted_ui desk;
-    const auto nodes = BuildNetlist(document, pool, desk);
-    const literal_netlist literal = LiteralNetlist(document, literal_pool);
-    ASSERT_EQ(nodes.has_value(), literal.mismatched == nullptr) << "seed " << seed;
-    if (!nodes) {
-      ++refused;
-      ASSERT_EQ(FindTypeMismatches(document, problem_search::kFirst)[0].wire, literal.mismatched);
-      continue;
-    }
-    ASSERT_EQ(Describe(*nodes), Describe(literal.nodes)) << "seed " << seed;
-    many_passes += literal.passes > 3 ? 1 : 0;
-    for (std::size_t n = 1; n < nodes->size(); ++n) {
-      if (!ShareAnEnd((*nodes)[n - 1], (*nodes)[n])) continue;
-      ++kept_apart;
-      break;
-    }
-  }
-  // The designs are worth comparing.
-  EXPECT_GT(refused, 100);
-  EXPECT_GT(many_passes, 100);
-  EXPECT_GT(kept_apart, 100);
 }
 
 }  // namespace

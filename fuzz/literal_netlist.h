@@ -14,7 +14,6 @@ namespace mardel {
 struct literal_netlist {
   const net* mismatched = nullptr;  // ends the work; there are no nodes then
   std::vector<net_node> nodes;
-  int passes = 0;  // of joining
 };
 
 inline bool ShareAnEnd(const net& a, const net& b) {
@@ -70,7 +69,7 @@ inline literal_netlist LiteralNetlist(const design& document, register_pool& poo
   std::vector<net_node> grouped;
   for (const net& wire : document.nets) {
     const std::string type = PinType(document, wire.id_1, wire.pin_1_name);
-    if (type != PinType(document, wire.id_2, wire.pin_2_name)) return {&wire, {}, 0};
+    if (type != PinType(document, wire.id_2, wire.pin_2_name)) return {&wire, {}};
     const net_node alone{std::ssize(grouped), grouped.empty() ? "" : type, "", {&wire}};
     const auto node =
         std::ranges::find_if(grouped, [&](const net_node& n) { return ShareAnEnd(n, alone); });
@@ -81,8 +80,8 @@ inline literal_netlist LiteralNetlist(const design& document, register_pool& poo
     }
   }
   std::list<net_node> working(grouped.begin(), grouped.end());
-  do ++result.passes;
-  while (LiteralPass(grouped, working));
+  bool is_joined = true;
+  while (is_joined) is_joined = LiteralPass(grouped, working);
   result.nodes.assign(working.begin(), working.end());
   LiteralRegisters(document, result.nodes, pool);
   return result;
