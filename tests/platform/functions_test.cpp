@@ -8,7 +8,7 @@
 #include "platform/qt/requester.h"
 #include "platform/text.h"
 #include "platform/xml.h"
-#include "tests/support/table.h"
+#include "tests/support/script.h"
 
 namespace mardel {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "tests/support/table.h"
+#include "tests/support/script.h"
 
 namespace mardel {
 namespace {

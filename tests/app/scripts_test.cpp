@@ -1,0 +1,357 @@
+// Plays the scripts in tests/fixtures/scripts to the program, with a scripted user, recorded tools
+// and a folder of its own.
+#include <sys/resource.h>
+
+#include <csignal>
+#include <deque>
+
+#include "app/about_box.h"
+#include "app/configuration.h"
+#include "app/event_handling.h"
+#include "app/startup.h"
+#include "app/title.h"
+#include "codegen/design_file.h"
+#include "codegen/toolchain.h"
+#include "editor/canvas_input.h"
+#include "editor/dialogs.h"
+#include "editor/drawn_extent.h"
+#include "tests/support/describe.h"
+#include "tests/support/fixed_clock.h"
+#include "tests/support/fixed_metrics.h"
+#include "tests/support/scripted_ui.h"
+
+namespace mardel {
+namespace {
+
+// Tools end as scripted, else well; each run is one of the calls.
+class scripted_runner : public process_runner {
+ public:
+  explicit scripted_runner(std::vector<std::string>& calls) : calls_(calls) {}
+  std::deque<int> codes;  // exit codes in order, -1 for a tool that can't be started
+  tool_result RunTool(const std::string& tool, const std::string& arguments) override {
+    calls_.push_back("run " + tool + " " + arguments);
+    const int code = codes.empty() ? 0 : codes.front();
+    if (!codes.empty()) codes.pop_front();
+    return code < 0 ? tool_result() : tool_result{true, "said\rmore\r", code};
+  }
+
+ private:
+  std::vector<std::string>& calls_;
+};
+
+// 60 x 40. "UNDER" lies below "CV".
+blockdef Amp() {
+  return {.id = 0,
+          .lib = "FX",
+          .sub = "amp",
+          .desc = "",
+          .width = 60,
+          .height = 40,
+          .pins = {{0, "IN", "MREG", "L", "Input", 0, 20},
+                   {1, "OUT", "MREG", "R", "Output", 54, 20},
+                   {2, "CV", "CREG", "T", "Control", 27, 0},
+                   {3, "UNDER", "MREG", "T", "Hidden", 27, 0},
+                   {4, "LOW", "mreg", "B", "Lower case", 27, 34}},
+          .params = {{5, "Gain", "", "1", ""}, {6, "Mode", "", "x", ""}, {7, "Gain", "", "2", ""}}};
+}
+
+// No file grows while the disk is full.
+void LimitFiles(rlim_t bytes) {
+  rlimit limits{};
+  std::signal(SIGXFSZ, SIG_IGN);
+  getrlimit(RLIMIT_FSIZE, &limits);
+  limits.rlim_cur = std::min(bytes, limits.rlim_max);
+  setrlimit(RLIMIT_FSIZE, &limits);
+}
+
+int Number(const std::string& word) {
+  return std::stoi(word);
+}
+
+point Point(const std::string& word) {
+  return {Number(word), Number(word.substr(word.find(',') + 1))};
+}
+
+// The last word may name it.
+host_kind Host(const arguments& words) {
+  return words.back() == "linux" ? host_kind::kLinux : host_kind::kMac;
+}
+
+class program_player {
+ public:
+  // What a command leads to. "F/" is the folder, "TITLE " the prefix of the title; the reset before
+  // a menu command is left out, and the three status fields are one line.
+  std::vector<std::string> Do(arguments words) {
+    for (std::string& word : words) {
+      if (word.starts_with("F/")) word.replace(0, 2, folder_.Path());
+    }
+    calls_.clear();
+    commands_.at(TakeFirst(words))(words);
+    std::vector<std::string> lines;
+    for (const std::string& call : calls_) {
+      if (call.starts_with("status 0 ")) {
+        lines.push_back("status [" + call.substr(9));
+      } else if (call.starts_with("status ") && !lines.empty() &&
+                 lines.back().starts_with("status [") && !lines.back().ends_with(']')) {
+        lines.back() += '|' + call.substr(9) + (call[7] == '2' ? "]" : "");
+      } else {
+        lines.push_back(Replaced(Replaced(call, folder_.Path(), "F/"), Title(""), "TITLE "));
+        lines.back() = Replaced(lines.back(), "\r", "\\r");
+      }
+    }
+    return lines;
+  }
+
+ private:
+  using a = const arguments&;
+
+  void Start(const std::string& configuration, host_kind host) {
+    if (configuration != "none") WriteAll(folder_.Path() + "Mardel.con", configuration);
+    ReadSettings(app_, {.kind = host,
+                        .folders = {.documents = "/d/", .applications = "/a/", .home = "/h/"},
+                        .current_folder = folder_.Path()});
+    BuildMenus(app_, host);
+  }
+
+  void Send(const event& happened) {
+    if (!HandleEvent(app_, happened)) Show("ended");
+  }
+  void Mouse(mouse_action action, a words) { Send(canvas_mouse{action, Point(words[0])}); }
+  void Use(int gadget) { Send(gadget_used{Window(), gadget}); }
+  // The last one that is open.
+  int Window() const { return desk_.windows.empty() ? 0 : desk_.windows.rbegin()->first; }
+
+  void Choose(int id) {
+    static const std::vector<std::string> reset{"pointer normal", "status 0 ", "status 1 ",
+                                                "status 2 ", "redraw"};
+    Send(menu_chosen{id});
+    const auto end = calls_.begin() + static_cast<long>(std::min(calls_.size(), reset.size()));
+    if (std::equal(reset.begin(), reset.end(), calls_.begin(), end)) {
+      calls_.erase(calls_.begin(), end);
+    }
+  }
+
+  void ChooseNamed(const std::string& name) {
+    static const std::map<std::string, int menu_ids::*> ids{
+        {"new", &menu_ids::new_design},
+        {"open", &menu_ids::open},
+        {"save", &menu_ids::save},
+        {"save_as", &menu_ids::save_as},
+        {"generate", &menu_ids::generate},
+        {"location", &menu_ids::first_location},
+        {"grid", &menu_ids::show_grid},
+        {"note", &menu_ids::add_text},
+        {"first", &menu_ids::first_library_id},
+        {"last", &menu_ids::last_library_id},
+        {"undo", &menu_ids::undo},
+        {"directory", &menu_ids::block_directory},
+        {"escape", &menu_ids::escape},
+        {"configuration", &menu_ids::preferences},
+        {"about", &menu_ids::about},
+        {"quit", &menu_ids::quit}};
+    const std::size_t plus = name.find('+');
+    Choose(app_.ids.*ids.at(name.substr(0, plus)) +
+           (plus == std::string::npos ? 0 : Number(name.substr(plus))));
+  }
+
+  void Place(a words) {
+    if (words.empty()) return PlaceBlock(work_, outside_, Amp());
+    const auto found = app_.libraries.FindDefinitions(words[0], words[1]);
+    Choose(app_.libraries.Definitions()[found.front()].id);
+  }
+  dvblock& AddBlock(point at) {
+    const blockdef amp = Amp();
+    return design_.blocks.Append({design_.next_block_id++, amp.lib, amp.sub, false, at.x, at.y,
+                                  amp.width, amp.height, amp.pins, amp.params});
+  }
+  void AddNet(a words) {
+    design_.nets.Append({.net_id = design_.next_net_id++,
+                         .id_1 = Number(words[0]),
+                         .pin_1_name = words[1],
+                         .id_2 = Number(words[2]),
+                         .pin_2_name = words[3]});
+    for (const dvblock& block : design_.blocks) UpdateNetEnds(design_, block);
+  }
+  void AddNote(point at, const std::string& text) {
+    MeasureNote(design_.texts.Append(
+                    {.id = design_.next_text_id++, .text_str = text, .x = at.x, .y = at.y}),
+                metrics_);
+  }
+  void Append(const dvblock& read) { design_.blocks.Append(read); }
+  void Append(const net& read) { design_.nets.Append(read); }
+  void Append(const textblock& read) { design_.texts.Append(read); }
+
+  void RegisterStaged(const std::string& name) {
+    menu submenus;
+    menu_builder builder{submenus, app_.ids.last_library_id, metrics_};
+    app_.libraries.RegisterStaged(name, builder);
+  }
+  void SaveAt(const std::string& path) {
+    const char* const names[] = {"written", "not created", "failed"};
+    Show(names[static_cast<int>(SaveDesign(design_, path))]);
+  }
+
+  void RunTools(a words) {
+    app_.options = {.files_path = "",
+                    .libraries_path = "/libs/",
+                    .exec_path = "/bin tools/",
+                    .asm_exe = "asm",
+                    .pre_exe = "pre",
+                    .dravik_i2c = "0x30",
+                    .run_opt = Number(words[0])};
+    for (std::size_t i = 3; i < words.size(); ++i) runner_.codes.push_back(Number(words[i]));
+    const auto location = words[1] == "ram" ? std::nullopt : std::optional(Number(words[1]));
+    const auto result = RunToolchain(words[2], location, {app_.options, runner_, desk_});
+    const char* const names[] = {"done", "failed", "not started"};
+    Show(names[static_cast<int>(result)] + std::string(runner_.codes.size(), '+'));
+  }
+
+  void Show(const std::string& text) { calls_.push_back(text); }
+  void ShowText(std::string text) {
+    if (text.ends_with('\n')) text.pop_back();
+    Show(text);
+  }
+  void ShowLine(const std::string& text) { Show(Replaced(text, "\n", "\\n")); }
+  template <class action>
+  void ForAll(action act) const {
+    for (const dvblock& block : design_.blocks) act(block);
+    for (const net& wire : design_.nets) act(wire);
+    for (const textblock& note : design_.texts) act(note);
+  }
+  void ShowState() {
+    ForAll([this](auto& each) { ShowLine(Line(each)); });
+    for (const undo_record& record : work_.undo.records) ShowLine(Line(record));
+    if (design_.unsaved_changes) Show("unsaved");
+    if (design_.has_selection) Show("selection");
+    if (work_.hand.mode != drag_mode::kNone || work_.hand.wire_start) Show("busy");
+  }
+  void ShowFigures() {
+    Show(std::to_string(design_.blocks.size()) + " blocks, " +
+         std::to_string(work_.undo.records.size()) + " undo records, " +
+         (design_.unsaved_changes ? "unsaved" : "saved") + ", next id " +
+         std::to_string(design_.next_block_id) + ", file [" + design_.file_name + "], run option " +
+         std::to_string(app_.options.run_opt));
+  }
+  void ShowDrawing(grid lines) {
+    recording_painter canvas;
+    DrawDesign(canvas, design_, {app_.libraries, metrics_, lines});
+    for (const std::string& shape : canvas.shapes) ShowLine(shape);
+  }
+  void ShowExtent() {
+    const auto reach = DrawnExtent(design_, {app_.libraries, metrics_, grid::kShown});
+    std::ostringstream out;
+    out.precision(19);
+    if (reach)
+      out << reach->left << ' ' << reach->top << ' ' << reach->right << ' ' << reach->bottom;
+    Show(reach ? out.str() : "nothing");
+  }
+  void ShowMenus(host_kind host) {
+    menu_ids ids;
+    int next_id = 1;
+    for (const menu& each : {FileMenu(host, ids, next_id), EditMenu(host, ids, next_id),
+                             HelpMenu(host, ids, next_id)}) {
+      Show(each.title + Describe(each.items, "  "));
+    }
+  }
+
+  scratch_folder folder_;
+  scripted_ui desk_;
+  std::vector<std::string>& calls_ = desk_.calls;
+  byte_metrics metrics_;
+  scripted_runner runner_{calls_};
+  fixed_clock time_;
+  program app_{{desk_, metrics_, runner_, time_}};
+  const surroundings outside_ = Surroundings(app_);
+  workspace& work_ = app_.work;
+  design& design_ = work_.document;
+
+  const std::map<std::string, std::function<void(a)>> commands_ = {
+      // The user.
+      {"start", [this](a w) { Start(w[0], Host(w)); }},
+      {"choose", [this](a w) { ChooseNamed(w[0]); }},
+      {"place", [this](a w) { Place(w); }},
+      {"move", [this](a w) { Mouse(mouse_action::kMove, w); }},
+      {"press", [this](a w) { Mouse(mouse_action::kLeftPress, w); }},
+      {"release", [this](a w) { Mouse(mouse_action::kLeftRelease, w); }},
+      {"right", [this](a w) { Mouse(mouse_action::kRightPress, w); }},
+      {"key", [this](a w) { Send(canvas_key{Number(w[0])}); }},
+      {"wheel", [this](a w) { Send(canvas_wheel{Number(w[0])}); }},
+      {"interrupt", [this](a) { Send(canvas_interrupted{}); }},
+      {"resize", [this](a) { Send(main_window_resized{}); }},
+      {"close_main", [this](a) { Send(main_window_close_requested{}); }},
+      {"close", [this](a w) { Send(window_close_requested{w.empty() ? Window() : Number(w[0])}); }},
+      {"type",
+       [this](a w) {
+         desk_.typed[{Window(), Number(w[0])}] = w[1];
+       }},
+      {"check",
+       [this](a w) {
+         desk_.checked[{Window(), Number(w[0])}] = true;
+       }},
+      {"select",
+       [this](a w) {
+         desk_.selected_items[{Window(), 1}] = Number(w[0]);
+       }},
+      {"use", [this](a w) { Use(Number(w[0])); }},
+      {"ok", [this](a) { Use(1); }},
+      {"cancel", [this](a) { Use(2); }},
+      {"will_answer",
+       [this](a w) {
+         desk_.answers.push_back(w[0] == "yes"  ? answer::kYes
+                                 : w[0] == "no" ? answer::kNo
+                                                : answer::kCancel);
+       }},
+      {"will_name", [this](a w) { desk_.paths.push_back(w[0]); }},
+      // The program and its design.
+      {"block", [this](a w) { AddBlock(Point(w[0])); }},
+      {"bare", [this](a w) { AddBlock(Point(w[0])).params.clear(); }},
+      {"net", [this](a w) { AddNet(w); }},
+      {"note", [this](a w) { AddNote(Point(w[0]), w[1]); }},
+      {"have", [this](a w) { WithSnapshot(w[0], [this](const auto& read) { Append(read); }); }},
+      {"record",
+       [this](a w) {
+         work_.undo.records.push_back({work_.undo.group, undo_action(Number(w[0])), w[1]});
+       }},
+      {"library",
+       [this](a w) {
+         app_.libraries.AddLibrary({w[0], w[1], Rgba(1, 2, 3, 0), Rgba(4, 5, 6, 0)});
+       }},
+      {"stage",
+       [this](a w) { app_.libraries.staged.push_back({.lib = w[0], .sub = w[1], .desc = w[2]}); }},
+      {"register", [this](a w) { RegisterStaged(w[0]); }},
+      {"save", [this](a w) { SaveAt(w[0]); }},
+      {"name", [this](a w) { design_.file_name = w[0]; }},
+      {"clear", [this](a) { ClearDesign(design_); }},
+      {"reset", [this](a) { ResetInteraction(work_, outside_); }},
+      {"undo", [this](a) { Undo(work_, outside_); }},
+      {"add", [this](a) { OpenAddNote(work_, outside_); }},
+      {"follow", [this](a w) { UpdateNetEnds(design_, *FindBlock(design_, Number(w[0]))); }},
+      {"follow_selection", [this](a) { UpdateNetEndsOfSelection(design_); }},
+      {"fill_disk", [](a) { LimitFiles(0); }},
+      {"free_disk", [](a) { LimitFiles(RLIM_INFINITY); }},
+      {"tools", [this](a w) { RunTools(w); }},
+      // What is shown of them.
+      {"show", [this](a) { ShowState(); }},
+      {"figures", [this](a) { ShowFigures(); }},
+      {"window", [this](a) { Show(Describe(desk_.windows.at(Window()))); }},
+      {"menus", [this](a w) { ShowMenus(Host(w)); }},
+      {"about", [this](a w) { Show(Describe(AboutWindow(Number(w[0]), w[1]))); }},
+      {"draw", [this](a w) { ShowDrawing(w.empty() ? grid::kHidden : grid::kShown); }},
+      {"configuration",
+       [this](a) {
+         Show(app_.options.pre_exe + ' ' + app_.options.asm_exe);
+         ShowText(ConfigurationText(app_.options));
+       }},
+      {"extent", [this](a) { ShowExtent(); }},
+      {"type_of", [this](a w) { Show('[' + PinType(design_, Number(w[0]), w[1]) + ']'); }},
+      {"snapshots", [this](a) { ForAll([this](auto& each) { ShowLine(WriteSnapshot(each)); }); }},
+      {"read", [this](a w) { ShowText(ReadAll(w[0])); }},
+  };
+};
+
+TEST(Scripts, BringAboutWhatTheySay) {
+  ExpectScripts<program_player>("scripts");
+}
+
+}  // namespace
+}  // namespace mardel

@@ -1,0 +1,101 @@
+// What the program is made of as lines of text.
+#pragma once
+
+#include <sstream>
+#include <string>
+
+#include "editor/snapshot.h"
+#include "editor/undo.h"
+#include "platform/menu.h"
+#include "platform/ui.h"
+#include "tests/support/recording_painter.h"
+#include "tests/support/script.h"
+
+namespace mardel {
+
+inline std::string Line(const dvblock& block) {
+  std::ostringstream out;
+  out << "block " << block.id << " (" << block.x << ',' << block.y << ')';
+  for (const param& each : block.params) out << ' ' << each.param_name << '=' << each.param_value;
+  out << (block.selected ? " selected" : "");
+  return out.str();
+}
+
+inline std::string Line(const net& wire) {
+  std::ostringstream out;
+  out << "net " << wire.net_id << ' ' << wire.id_1 << '.' << wire.pin_1_name << " to " << wire.id_2
+      << '.' << wire.pin_2_name << ' '
+      << Describe(line{{wire.x_1, wire.y_1}, {wire.x_2, wire.y_2}});
+  if (wire.color != kNetColour) out << ' ' << Describe(wire.color);
+  out << (wire.selected ? " selected" : "");
+  return out.str();
+}
+
+inline std::string Line(const textblock& note) {
+  std::ostringstream out;
+  out << "note " << note.id << ' ' << Describe(rectangle{note.x, note.y, note.width, note.height})
+      << ' ' << note.text_str << (note.selected ? " selected" : "");
+  return out.str();
+}
+
+// Hands the record that a snapshot holds to `act`; false when there is none.
+template <class action>
+bool WithSnapshot(const std::string& xml, action act) {
+  const auto read = [&](auto record) {
+    const bool is_read = ReadSnapshot(xml, record);
+    if (is_read) act(record);
+    return is_read;
+  };
+  return read(dvblock()) || read(net()) || read(textblock());
+}
+
+inline std::string Line(const undo_record& record) {
+  std::string kept = "not a snapshot";
+  WithSnapshot(record.undo_xml, [&](const auto& read) { kept = Line(read); });
+  return "undo " + std::to_string(record.undo_group) + " action " +
+         std::to_string(static_cast<int>(record.action)) + ' ' + kept;
+}
+
+inline std::string Line(const gadget& shown) {
+  constexpr const char* kKinds[] = {"label",  "centred",        "caption", "field",
+                                    "editor", "text",           "box",     "option",
+                                    "button", "default button", "tree",    "image"};
+  const bool is_logo = shown.text == ReadAll(MARDEL_SOURCE_DIR "/app/logo.png");
+  std::string text = kKinds[static_cast<int>(shown.kind)] + (' ' + Describe(shown.place)) + " [" +
+                     (is_logo ? "logo" : Replaced(shown.text, "\n", "\\n")) + ']';
+  if (shown.id != 0) text += " #" + std::to_string(shown.id);
+  if (shown.ink != 0) text += ' ' + Describe(shown.ink);
+  if (!shown.tooltip.empty()) text += " tip " + shown.tooltip;
+  if (shown.checked) text += " checked";
+  for (const tree_item& each : shown.items) text += (each.level == 0 ? "\n" : "\n  ") + each.text;
+  return text;
+}
+
+inline std::string Describe(const window& shown) {
+  std::string text = shown.title + ' ' + std::to_string(shown.width) + 'x' +
+                     std::to_string(shown.height) +
+                     (shown.modality == window_modality::kModeless ? " modeless" : "");
+  for (const gadget& each : shown.gadgets) text += '\n' + Line(each);
+  return text;
+}
+
+inline std::string Describe(const std::vector<menu_item>& items, const std::string& indent) {
+  static const char* const roles[] = {"", " about", " preferences", " quit"};
+  std::string text;
+  for (const menu_item& each : items) {
+    text += '\n' + indent;
+    if (each.kind == menu_item_kind::kSeparator) {
+      text += "----";
+    } else if (each.kind == menu_item_kind::kSubmenu) {
+      text += each.text + " submenu" + Describe(each.items, indent + "  ");
+    } else {
+      text += std::to_string(each.id) + ' ' + Replaced(each.text, "\t", "\\t") +
+              (each.shortcut.empty() ? "" : " [" + each.shortcut + ']') +
+              roles[static_cast<int>(each.role)] +
+              (each.kind == menu_item_kind::kCheckable ? " checkable" : "");
+    }
+  }
+  return text;
+}
+
+}  // namespace mardel
