@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <stdexcept>
 
+#include "app/configuration.h"
 #include "app/event_handling.h"
 #include "app/startup.h"
 #include "codegen/design_file.h"
@@ -65,7 +66,7 @@ two</text_str></text_item></text></MardelDesign>)";
 
 struct figures {
   int events = 0, sessions = 0, nets_made = 0, undone = 0, to_the_bottom = 0, saves = 0,
-      opened_again = 0;
+      opened_again = 0, kept = 0, configured = 0;
 };
 
 class fault : public std::runtime_error {
@@ -127,7 +128,8 @@ class session {
  public:
   session(unsigned seed, figures& count)
       : random_(seed), desk_(random_), tools_(random_), count_(count) {
-    WriteAll(In("Mardel.con"), "<c><libraries_path>" + folder_.Path() + "</libraries_path></c>");
+    kept_[In("Mardel.con")] = "<c><libraries_path>" + folder_.Path() + "</libraries_path></c>";
+    WriteAll(In("Mardel.con"), kept_[In("Mardel.con")]);
     WriteAll(In("kit.dvl"), kKit);
     WriteAll(In("strange.mrd"), kStrange);
     WriteAll(In("broken.mrd"), "<MardelDesign><blocks>");
@@ -175,6 +177,7 @@ class session {
   void CheckRest(const event& happened);
   void CheckUndo(bool was_at_bottom);
   void CheckSaved();
+  void CheckKept();
   void UndoAll();
 
   dice random_;
@@ -186,8 +189,9 @@ class session {
   program app_{{desk_, metrics_, tools_, time_}};
   wild_hand hand_{app_, desk_, random_};
   reference model_{app_.libraries, app_.ids, desk_};
-  std::string base_;            // what undo leads back to
-  bool shows_bad_net_ = false;  // a net between two types, until the next drawing
+  std::string base_;                         // what undo leads back to
+  std::map<std::string, std::string> kept_;  // what files hold, by path
+  bool shows_bad_net_ = false;               // a net between two types, until the next drawing
   figures& count_;
 };
 
@@ -209,6 +213,7 @@ void session::Send(const event& happened) {
   CheckRest(happened);
   CheckUndo(was_at_bottom);
   if (!model_.saved_path.empty()) CheckSaved();
+  CheckKept();
   if (app_.work.document.next_net_id > nets_before) ++count_.nets_made;
 }
 
@@ -296,6 +301,7 @@ void session::CheckSaved() {
   ++count_.saves;
   const std::string& path = model_.saved_path;
   const std::string saved = ReadAll(path);
+  kept_[path] = saved;
   Expect(saved == DesignText(app_.work.document), "a saved file holds the whole design");
   design again;
   dice none(0);
@@ -311,6 +317,24 @@ void session::CheckSaved() {
              DesignText(again) == saved,
          "a saved file opens again and saves to the same bytes");
   ++count_.opened_again;
+}
+
+// What can't be written leaves the old file.
+void session::CheckKept() {
+  const std::string configuration = In("Mardel.con");
+  if (model_.was_configured) {
+    ++count_.configured;
+    if (!model_.disk.is_full) kept_[configuration] = ConfigurationText(app_.options);
+  }
+  const bool was_refused = model_.disk.is_full && !model_.messages.empty();
+  if (!model_.was_configured && !was_refused) return;
+  for (const auto& [path, bytes] : kept_) {
+    const auto file = model_.disk.files.find(path);
+    const bool may_differ =
+        file != model_.disk.files.end() && file->second.kind == reference_file::content::kNoDesign;
+    Expect(may_differ || ReadAll(path) == bytes, "a full disk costs no file");
+    if (model_.disk.is_full) ++count_.kept;
+  }
 }
 
 void session::UndoAll() {
@@ -338,9 +362,10 @@ int Run(int count, unsigned seed) {
   }
   std::printf(
       "%d events in %d sessions, %d nets, %d saves of which %d opened again to the same bytes, "
-      "%d undone, %d times to the bottom: OK\n",
-      all.events, all.sessions, all.nets_made, all.saves, all.opened_again, all.undone,
-      all.to_the_bottom);
+      "%d configurations, %d times an old file on a full disk, %d undone, %d times to the bottom: "
+      "OK\n",
+      all.events, all.sessions, all.nets_made, all.saves, all.opened_again, all.configured,
+      all.kept, all.undone, all.to_the_bottom);
   return 0;
 }
 

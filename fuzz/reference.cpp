@@ -29,7 +29,7 @@ T* TopAt(std::vector<T>& list, point at) {
 
 void reference::Handle(const event& happened, const wild_tools& tools) {
   messages.clear();
-  was_undone = was_replaced = is_unknown = false;
+  was_undone = was_replaced = is_unknown = was_configured = false;
   saved_path.clear();
   bool quits = std::holds_alternative<main_window_close_requested>(happened);
   if (const auto* mouse = std::get_if<canvas_mouse>(&happened)) Mouse(*mouse);

@@ -62,6 +62,7 @@ class reference {
   bool was_undone = false;            // puts things back anywhere in the lists
   bool was_replaced = false;          // by another design
   bool is_unknown = false;            // by a strange one
+  bool was_configured = false;        // the configuration file is written
   std::string saved_path;             // "" when no design was written
 
  private:

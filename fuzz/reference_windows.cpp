@@ -99,6 +99,7 @@ void reference::ConfirmConfiguration(int window) {
   run_option_ = desk_.GadgetChecked(window, kRun)          ? 0
                 : desk_.GadgetChecked(window, kPreprocess) ? 1
                                                            : 2;
+  was_configured = true;
   CloseDialog();
 }
 

@@ -167,8 +167,9 @@ int wild_hand::SomeMenuId() {
     case 4:
       return random_.OneIn(20) ? ids.block_directory : ids.add_text;
     case 5:
-    case 6:
       return ids.add_text;
+    case 6:
+      return ids.preferences;
     case 7:
       return ids.first_location + static_cast<int>(random_.Below(kProgramLocations));
     default:

@@ -44,6 +44,7 @@ TEST(LibraryLoader, LoadsTheLibraryFilesOfAFolder) {
   WriteAll(folder.Path() + "one.dvl", "<x><name>One</name></x>");
   WriteAll(folder.Path() + "two.txt", "<x><name>Two</name></x>");
   std::filesystem::create_directory(folder.Path() + "folder.dvl");
+  std::filesystem::create_symlink(".", folder.Path() + "itself.dvl");
   loading run;
   LoadLibraryFiles(run.set, run.builder, folder.Path(), run.desk);
   LoadLibraryFiles(run.set, run.builder, folder.Path() + "missing/", run.desk);
@@ -52,6 +53,25 @@ TEST(LibraryLoader, LoadsTheLibraryFilesOfAFolder) {
   EXPECT_EQ(run.desk.calls,
             std::vector<std::string>{
                 "message Error Loading Library: Library named One experienced a loading error."});
+}
+
+TEST(LibraryLoader, LoadsManyFilesAndManyBlocks) {
+  const scratch_folder folder;
+  std::string blocks;
+  for (int i = 0; i < 5000; ++i) blocks += "<sub><name>b" + std::to_string(i) + "</name></sub>";
+  WriteAll(folder.Path() + "big.dvl", "<x><name>Big</name>" + blocks + "</x>");
+  for (int i = 0; i < 1000; ++i) {
+    const std::string name = "Lib" + std::to_string(i);
+    WriteAll(folder.Path() + name + ".dvl", "<x><name>" + name + "</name></x>");
+  }
+  loading run;
+  LoadLibraryFiles(run.set, run.builder, folder.Path(), run.desk);
+  EXPECT_EQ(run.set.Libraries().size(), 3U + 1 + 1000);
+  EXPECT_EQ(run.libraries.items.size(), 1U + 1000);
+  for (int id = 1000; id < 6000; ++id) {
+    EXPECT_EQ(run.set.FindDefinition(id)->sub, "b" + std::to_string(id - 1000));
+  }
+  EXPECT_TRUE(run.desk.calls.empty());
 }
 
 }  // namespace
