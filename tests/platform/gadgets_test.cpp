@@ -2,6 +2,7 @@
 // them.
 #include <gtest/gtest.h>
 
+#include <QCheckBox>
 #include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
@@ -83,8 +84,9 @@ TEST_F(gadgets_test, FollowTheKeyboard) {
                                        Make(0, gadget_kind::kRightLabel, {10, 40, 40, 20}, "R&D:"),
                                        Make(2, gadget_kind::kTextField, {60, 40, 60, 20}, ""),
                                        Make(3, gadget_kind::kDefaultButton, {10, 70, 60, 25}, "OK"),
-                                       Make(4, gadget_kind::kButton, {80, 70, 60, 25}, "Cancel")};
-  WithWindow(gadgets, 200, [](int /*number*/, secondary_window& made) {
+                                       Make(4, gadget_kind::kButton, {80, 70, 60, 25}, "Cancel"),
+                                       Make(5, gadget_kind::kCheckBox, {10, 99, 60, 25}, "R&D")};
+  WithWindow(gadgets, 200, [this](int number, secondary_window& made) {
     std::vector<QWidget*> tabbed;
     for (QWidget* next = made.Find(1); tabbed.size() < 4; next = next->nextInFocusChain()) {
       if (next->focusPolicy() & Qt::TabFocus) tabbed.push_back(next);
@@ -107,6 +109,11 @@ TEST_F(gadgets_test, FollowTheKeyboard) {
     made.Find(4)->setFocus();
     Press(*made.Find(4), Qt::Key_Return);
     EXPECT_EQ(pressed, (std::vector<QString>{"OK", "Cancel"}));
+    auto* const box = dynamic_cast<QCheckBox*>(made.Find(5));
+    EXPECT_EQ(box->text(), "R&&D");  // as the toolkit writes a literal "&"
+    EXPECT_FALSE(desk.GadgetChecked(number, 5));
+    box->click();
+    EXPECT_TRUE(desk.GadgetChecked(number, 5));
   });
 }
 
