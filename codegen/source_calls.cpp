@@ -1,6 +1,7 @@
 #include "codegen/source_calls.h"
 
 #include <algorithm>
+#include <tuple>
 
 #include "codegen/numbering.h"
 
@@ -52,6 +53,7 @@ class pin_registers {
 // A parameter or a pin of a call.
 struct argument {
   std::int64_t number = 0;
+  std::size_t place = 0;  // in the block, parameters first
   std::string_view name, type, value;
 };
 
@@ -59,11 +61,15 @@ struct argument {
 void ListArguments(const dvblock& block, std::vector<argument>& arguments) {
   arguments.clear();
   for (const param& p : block.params) {
-    arguments.push_back({p.param_num, p.param_name, p.param_type, p.param_value});
+    arguments.push_back({p.param_num, arguments.size(), p.param_name, p.param_type, p.param_value});
   }
-  for (const pin& p : block.pins) arguments.push_back({p.pin_num, p.pin_name, p.pin_type, {}});
-  std::stable_sort(arguments.begin(), arguments.end(),
-                   [](const argument& a, const argument& b) { return a.number < b.number; });
+  for (const pin& p : block.pins) {
+    arguments.push_back({p.pin_num, arguments.size(), p.pin_name, p.pin_type, {}});
+  }
+  // No stable sort, which would allocate for each block.
+  std::sort(arguments.begin(), arguments.end(), [](const argument& a, const argument& b) {
+    return std::tie(a.number, a.place) < std::tie(b.number, b.place);
+  });
 }
 
 message UnsetParameter(const dvblock& block, std::string_view name) {
@@ -74,7 +80,11 @@ message UnsetParameter(const dvblock& block, std::string_view name) {
 // Appends the call; the first argument without a value is returned and leaves an unfinished line.
 const argument* AppendCall(std::string& text, const dvblock& block,
                            const std::vector<argument>& arguments, const pin_registers& registers) {
-  text += '@' + block.lib + '.' + block.sub + '(';
+  text += '@';
+  text += block.lib;
+  text += '.';
+  text += block.sub;
+  text += '(';
   for (const argument& a : arguments) {
     if (IsRegisterClass(a.type)) {
       text += registers.Find({block.id, a.number});
