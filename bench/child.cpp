@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <xcb/xcb.h>
@@ -9,6 +10,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <ctime>
 #include <fstream>
 #include <memory>
 #include <thread>
@@ -49,6 +51,13 @@ double ProportionalSetSize(pid_t process) {
     if (word == "Pss:" && rollup >> size) return size;
   }
   return 0;
+}
+
+double ProcessorSeconds(pid_t process) {
+  clockid_t clock = 0;
+  timespec used{};
+  if (clock_getcpuclockid(process, &clock) == 0) clock_gettime(clock, &used);
+  return static_cast<double>(used.tv_sec) + 1e-9 * static_cast<double>(used.tv_nsec);
 }
 
 template <class T>
@@ -127,10 +136,15 @@ pid_t Start(const command& started) {
   return child;
 }
 
-int Await(pid_t child) {
+ending Await(pid_t child) {
   int status = 0;
-  waitpid(child, &status, 0);
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  rusage used{};
+  wait4(child, &status, 0, &used);
+  const auto seconds = [](const timeval& time) {
+    return static_cast<double>(time.tv_sec) + 1e-6 * static_cast<double>(time.tv_usec);
+  };
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1,
+          seconds(used.ru_utime) + seconds(used.ru_stime)};
 }
 
 void End(pid_t child) {
@@ -146,6 +160,7 @@ mapping StartWindow(const command& started) {
   if (const xcb_window_t window = display.AwaitWindow(start)) {
     seen.mapped = SecondsSince(start);
     if (display.AwaitPaint(window, start)) seen.painted = SecondsSince(start);
+    seen.processor = ProcessorSeconds(child);
     std::this_thread::sleep_for(std::chrono::milliseconds(500));
     seen.memory = ProportionalSetSize(child);
   }

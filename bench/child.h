@@ -15,13 +15,17 @@ struct command {
 
 // The id of the new process. Its standard output and error go nowhere.
 pid_t Start(const command& started);
-// Its exit status, or -1 when a signal ended it.
-int Await(pid_t child);
+struct ending {
+  int status = -1;       // as it exited; -1 when a signal ended it
+  double processor = 0;  // seconds of processor time that it took
+};
+ending Await(pid_t child);
 // Ends it at once.
 void End(pid_t child);
 
 struct mapping {
   double mapped = 0, painted = 0;  // seconds from the start of the process; 0 when it never came
+  double processor = 0;            // seconds of processor time until it was painted
   double memory = 0;               // proportional set size half a second later, KiB
 };
 

@@ -60,7 +60,8 @@ class table::collector : public benchmark::ConsoleReporter {
 };
 
 void table::Add(const measure& added) {
-  rows_.push_back({added.name, added.floor_name, added.size, added.target, added.growth_target});
+  rows_.push_back({added.name, added.floor_name, added.size, added.target, added.growth_target,
+                   added.most_above_floor});
   const auto add = [&added](const std::string& name, const measured& run) {
     auto* const made = benchmark::RegisterBenchmark(name.c_str(), run);
     made->Unit(benchmark::kMicrosecond)->UseManualTime();
@@ -76,7 +77,7 @@ void table::PrintCounter(const row& shown, const std::string& counter) const {
   if (product == medians_.end() || floor == medians_.end()) return;
   const double ratio = product->second / floor->second;
   const double target = counter == kMemoryCounter ? shown.target : 0;
-  std::printf("| … %s | %s | %.0f | %.0f | %s | %s | | |\n", counter.c_str(), shown.size.c_str(),
+  std::printf("| … %s | %s | %.0f | %.0f | %s | %s | | | |\n", counter.c_str(), shown.size.c_str(),
               product->second, floor->second, Verdict(ratio, target).c_str(),
               Target(target).c_str());
 }
@@ -85,8 +86,34 @@ void table::PrintGrowth(const row& shown) const {
   const auto growth = medians_.find(ProductName(shown.name, shown.size) + "|" + kGrowthCounter);
   if (growth == medians_.end()) return;
   constexpr double kMost = 5;
-  std::printf("| … memory from the 1,000th to the last, MiB | %s | %s | | | %s | | |\n",
+  std::printf("| … memory from the 1,000th to the last, MiB | %s | %s | | | %s | | | |\n",
               shown.size.c_str(), Verdict(growth->second, kMost).c_str(), Target(kMost).c_str());
+}
+
+void table::PrintAgainstFloor(const row& shown, double product, double floor) const {
+  std::printf(" %s: %s |", shown.floor_name.c_str(), Duration(floor).c_str());
+  if (shown.most_above_floor == 0) {
+    std::printf(" %s | %s |", Verdict(product / floor, shown.target).c_str(),
+                Target(shown.target).c_str());
+  } else {
+    const double above = (product - floor) / 1e6;
+    const char* const format = above > shown.most_above_floor ? "**+%.0f ms**" : "+%.0f ms";
+    std::printf(" %s | ≤ +%.0f ms |", Format(format, above).c_str(), shown.most_above_floor);
+  }
+}
+
+void table::PrintTimesSmaller(const row& shown) const {
+  const std::string smaller = shown.size.substr(0, shown.size.size() - 1);
+  const auto before = medians_.find(ProductName(shown.name, smaller));
+  if (shown.growth_target == 0 || before == medians_.end()) {
+    std::printf(" | | |\n");
+    return;
+  }
+  const auto growth = [&](std::string (*name)(const std::string&, const std::string&)) {
+    return medians_.at(name(shown.name, shown.size)) / medians_.at(name(shown.name, smaller));
+  };
+  std::printf(" %s | %s | %s |\n", Verdict(growth(ProductName), shown.growth_target).c_str(),
+              Format("%.2f", growth(FloorName)).c_str(), Target(shown.growth_target).c_str());
 }
 
 void table::PrintRow(const row& shown) const {
@@ -98,20 +125,11 @@ void table::PrintRow(const row& shown) const {
   if (floor == medians_.end()) {
     std::printf(" | | |");
   } else {
-    const double ratio = product->second / floor->second;
-    std::printf(" %s: %s | %s | %s |", shown.floor_name.c_str(), Duration(floor->second).c_str(),
-                Verdict(ratio, shown.target).c_str(), Target(shown.target).c_str());
+    PrintAgainstFloor(shown, product->second, floor->second);
   }
-  const auto smaller =
-      medians_.find(ProductName(shown.name, shown.size.substr(0, shown.size.size() - 1)));
-  if (shown.growth_target != 0 && smaller != medians_.end() && shown.size.ends_with('0')) {
-    std::printf(" %s | %s |\n",
-                Verdict(product->second / smaller->second, shown.growth_target).c_str(),
-                Target(shown.growth_target).c_str());
-  } else {
-    std::printf(" | |\n");
-  }
+  PrintTimesSmaller(shown);
   PrintCounter(shown, kPaintedCounter);
+  PrintCounter(shown, kProcessorCounter);
   PrintCounter(shown, kMemoryCounter);
   PrintGrowth(shown);
 }
@@ -121,8 +139,10 @@ void table::Run() {
   shown.SetOutputStream(&std::clog);
   shown.SetErrorStream(&std::clog);
   benchmark::RunSpecifiedBenchmarks(&shown);
-  std::printf("| measure | blocks | median | floor | ratio | target | growth, 10 × | target |\n");
-  std::printf("|---|--:|--:|--:|--:|--:|--:|--:|\n");
+  std::printf(
+      "| measure | blocks | median | floor | ratio | target | 10 × the blocks | the floor's | "
+      "target "
+      "|\n|---|--:|--:|--:|--:|--:|--:|--:|--:|\n");
   for (const row& each : rows_) PrintRow(each);
 }
 
