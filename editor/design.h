@@ -83,6 +83,7 @@ void ClearDesign(design& document);
 
 // A note is drawn in a box of this width and at most this height.
 constexpr std::int64_t kNoteBox = 999;
+static_assert(kNoteBox <= kTallestParagraph);
 
 // In canvas pixels, unrounded, when the text is wrapped at `width`.
 double NoteHeight(std::string_view text, std::int64_t width, const text_metrics& metrics);

@@ -11,6 +11,9 @@ namespace mardel {
 
 constexpr double kCanvasTextSize = 16.0;
 
+// Canvas pixels; lines further below are neither drawn nor measured.
+constexpr double kTallestParagraph = 1000.0;
+
 struct stroke {
   colour ink = kBlack;
   double width = 1.0;
@@ -57,7 +60,8 @@ class text_metrics {
   virtual double LineHeight() const = 0;
   // From the start of one line to the right edge of its last visible mark; 0 for blanks only.
   virtual double VisibleWidth(std::string_view text) const = 0;
-  // Height of text with its line breaks when it is wrapped at `width`.
+  // Height of text with its line breaks when it is wrapped at `width`; of one that is taller than
+  // kTallestParagraph, some height from there on.
   virtual double ParagraphHeight(std::string_view text, double width) const = 0;
 };
 

@@ -6,11 +6,16 @@
 #include <QPlainTextEdit>
 #include <algorithm>
 
+#include "platform/process.h"
 #include "platform/qt/qt_text.h"
+#include "platform/text.h"
 
 namespace mardel {
 namespace {
 
+// A tool's output as far as it is kept, and what is said of it. To wrap a word takes the square of
+// its length.
+constexpr std::size_t kMostBytes = kMostToolOutput + 4096;
 constexpr qsizetype kMostLines = 20;
 constexpr qsizetype kMostCharacters = 1500;
 constexpr qsizetype kLongestWord = 100;
@@ -78,7 +83,7 @@ answer AnswerOf(int button) {
 }  // namespace
 
 answer ShowMessageBox(QWidget* owner, const message& shown) {
-  const QString text = LinesToQt(shown.text);
+  const QString text = LinesToQt(CutMiddle(shown.text, kMostBytes));
   QMessageBox box(owner);
   box.setIcon(IconOf(shown.icon));
   box.setWindowTitle(TitleText(shown.title));

@@ -14,6 +14,7 @@ constexpr double kWidest = 1e7;  // the toolkit's coordinates of text overflow a
 constexpr double kLineWidth = -1;
 constexpr std::size_t kMostTexts = 2048;
 constexpr std::size_t kMostBytes = 1 << 18;
+constexpr std::size_t kMostParagraph = 1 << 20;  // bytes, many times what can be seen
 
 std::unique_ptr<QTextLayout> LayOut(const QString& text, const QFont& font, double width,
                                     const QTextOption& option) {
@@ -22,7 +23,10 @@ std::unique_ptr<QTextLayout> LayOut(const QString& text, const QFont& font, doub
   layout->setCacheEnabled(true);
   layout->beginLayout();
   double top = 0;
-  for (QTextLine line = layout->createLine(); line.isValid(); line = layout->createLine()) {
+  // Wrapping a long word looks at all that is left of it for each line.
+  while (top < kTallestParagraph) {
+    QTextLine line = layout->createLine();
+    if (!line.isValid()) break;
     line.setLineWidth(width);
     line.setPosition({0, top});
     top += line.height();
@@ -56,7 +60,7 @@ const QTextLayout& text_layouts::Line(std::string_view text) {
 }
 
 const QTextLayout& text_layouts::Paragraph(std::string_view text, double width) {
-  return Find(text, std::clamp(width, 1.0, kWidest), paragraph_option_);
+  return Find(text.substr(0, kMostParagraph), std::clamp(width, 1.0, kWidest), paragraph_option_);
 }
 
 const QTextLayout& text_layouts::Find(std::string_view text, double width,

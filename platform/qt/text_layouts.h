@@ -22,7 +22,8 @@ class text_layouts {
 
   // A layout stays valid until the next call.
   const QTextLayout& Line(std::string_view text);
-  // Line breaks are honoured; lines wider than `width` wrap, a long word anywhere.
+  // Line breaks are honoured; lines wider than `width` wrap, a long word anywhere. Ends below
+  // kTallestParagraph.
   const QTextLayout& Paragraph(std::string_view text, double width);
 
  private:

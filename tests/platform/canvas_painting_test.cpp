@@ -135,6 +135,12 @@ TEST_F(canvas_painting_test, MeasuresWhatItDraws) {
     // More texts than are kept.
     for (int i = 0; i < 3000; ++i) metrics.ParagraphHeight(std::to_string(i), 100);
   }
+  // A huge word takes no longer than what can be seen of it.
+  for (const std::string& tall : {std::string(200'000, 'a'), std::string(200'000, '\n')}) {
+    const double height = metrics.ParagraphHeight(tall, 999);
+    EXPECT_GE(height, kTallestParagraph);
+    EXPECT_LE(height, kTallestParagraph + 2 * line);
+  }
   EXPECT_EQ(metrics.VisibleWidth("   "), 0.0);
   EXPECT_NEAR(metrics.VisibleWidth("MR5  "), metrics.Width("MR5"), 2.0);
   EXPECT_NEAR(metrics.Width("MR5  ") - metrics.Width("MR5"), 2 * metrics.Width(" "), 0.1);
