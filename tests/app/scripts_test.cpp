@@ -241,9 +241,9 @@ class program_player {
     const auto reach = DrawnExtent(design_, {app_.libraries, metrics_, grid::kShown});
     std::ostringstream out;
     out.precision(19);
-    if (reach)
-      out << reach->left << ' ' << reach->top << ' ' << reach->right << ' ' << reach->bottom;
-    Show(reach ? out.str() : "nothing");
+    if (!reach) return Show("nothing");
+    out << reach->left << ' ' << reach->top << ' ' << reach->right << ' ' << reach->bottom;
+    Show(out.str());
   }
   void ShowMenus(host_kind host) {
     menu_ids ids;
