@@ -4,7 +4,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPixmap>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTreeWidget>
@@ -173,7 +172,7 @@ std::string TextOf(const QWidget& widget) {
 
 void SetTextOf(QWidget& widget, const std::string& text) {
   if (auto* field = dynamic_cast<QLineEdit*>(&widget)) field->setText(ToQt(text));
-  if (auto* editor = dynamic_cast<QPlainTextEdit*>(&widget)) editor->setPlainText(LinesToQt(text));
+  if (auto* editor = dynamic_cast<text_editor*>(&widget)) editor->SetText(text);
 }
 
 bool IsChecked(const QWidget& widget) {

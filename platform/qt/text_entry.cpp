@@ -15,6 +15,15 @@ bool IsLineBreak(QChar c) {
   return c == '\n' || c == '\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
 }
 
+bool HasHugeWord(const QString& text) {
+  constexpr int kHuge = 10'000;
+  int size = 0;
+  return std::any_of(text.begin(), text.end(), [&size](QChar c) {
+    size = c.isSpace() ? 0 : size + 1;
+    return size > kHuge;
+  });
+}
+
 QString Storable(QStringView typed) {
   return ToQt(DropUnstorable(FromQt(typed.toString())));
 }
@@ -46,7 +55,15 @@ text_field::text_field(const std::string& text, QWidget& parent) : QLineEdit(&pa
 
 text_editor::text_editor(const std::string& text, QWidget& parent) : QPlainTextEdit(&parent) {
   setTabChangesFocus(true);
-  setPlainText(LinesToQt(text));
+  SetText(text);
+}
+
+void text_editor::SetText(const std::string& text) {
+  const QString lines = LinesToQt(text);
+  // Where lines may break between words only, a word takes the square of its length.
+  setWordWrapMode(HasHugeWord(lines) ? QTextOption::WrapAnywhere
+                                     : QTextOption::WrapAtWordBoundaryOrAnywhere);
+  setPlainText(lines);
 }
 
 // Not toPlainText(), which turns no-break spaces into spaces.

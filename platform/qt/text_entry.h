@@ -24,6 +24,7 @@ class text_field : public QLineEdit {
 class text_editor : public QPlainTextEdit {
  public:
   text_editor(const std::string& text, QWidget& parent);
+  void SetText(const std::string& text);
   // Line breaks as "\n".
   std::string Text() const;
 

@@ -209,6 +209,21 @@ TEST_F(gadgets_test, BoxesOfLongTextsFitTheScreen) {
   }
 }
 
+// A block's description can be one word as long as its file.
+TEST_F(gadgets_test, TextsBreakAnywhereAroundHugeWords) {
+  const std::string word(10'000, 'x');
+  const std::pair<std::string, QTextOption::WrapMode> cases[] = {
+      {word + "x", QTextOption::WrapAnywhere},
+      {word + " x", QTextOption::WrapAtWordBoundaryOrAnywhere}};
+  WithWindow({Make(1, gadget_kind::kReadOnlyText, {0, 0, 200, 60}, "")}, 80,
+             [&](int number, secondary_window& shown) {
+               for (const auto& [text, mode] : cases) {
+                 desk.SetGadgetText(number, 1, text);
+                 EXPECT_EQ(shown.findChild<QPlainTextEdit*>()->wordWrapMode(), mode);
+               }
+             });
+}
+
 // A library's name can be as long as its file; laid out whole it would hang the start.
 TEST_F(gadgets_test, BoxesShowTheBeginningAndTheEndOfAHugeText) {
   WithBox({"T", "first " + std::string(5'000'000, 'x') + " last"}, [](QMessageBox& box) {
