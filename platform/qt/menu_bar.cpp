@@ -3,6 +3,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QProxyStyle>
+#include <QScreen>
 #include <QShortcut>
 #include <utility>
 
@@ -11,7 +12,8 @@
 namespace mardel {
 namespace {
 
-constexpr std::size_t kManyItems = 200;
+constexpr qsizetype kFewItems = 20;    // fit a screen
+constexpr qsizetype kManyItems = 200;  // fit none, and are not worth measuring
 
 // Long menus scroll, where the style would make them wider than the screen.
 class scrolling_menu_style : public QProxyStyle {
@@ -21,6 +23,17 @@ class scrolling_menu_style : public QProxyStyle {
     return hint == SH_Menu_Scrollable ? 1 : QProxyStyle::styleHint(hint, option, widget, result);
   }
 };
+
+// For a filled menu, before it is shown.
+void KeepOnScreen(QMenu& filled) {
+  const qsizetype count = filled.actions().size();
+  if (count < kFewItems) return;
+  const int room = filled.screen()->availableSize().width();
+  if (count <= kManyItems && filled.sizeHint().width() <= room) return;
+  auto* const style = new scrolling_menu_style;
+  style->setParent(&filled);
+  filled.setStyle(style);
+}
 
 QAction::MenuRole ToQt(menu_role role) {
   switch (role) {
@@ -54,8 +67,11 @@ void menu_bar::Set(const std::vector<menu>& menus) {
   owner_.setMenuBar(bar);  // deletes the one before
   checkable_.clear();
   menus_ = menus;
-  for (const menu& described : menus_)
-    Fill(*bar->addMenu(ButtonText(described.title)), described.items);
+  for (const menu& described : menus_) {
+    auto* const added = bar->addMenu(ButtonText(described.title));
+    Fill(*added, described.items);
+    KeepOnScreen(*added);
+  }
 }
 
 void menu_bar::Check(int id, bool checked) {
@@ -90,12 +106,8 @@ void menu_bar::AddSubmenu(QMenu& target, const menu_item& described) {
   auto* const added = target.addMenu(ButtonText(described.text));
   QObject::connect(added, &QMenu::aboutToShow, added, [this, added, &described] {
     if (!added->isEmpty()) return;
-    if (described.items.size() > kManyItems) {
-      auto* const style = new scrolling_menu_style;
-      style->setParent(added);
-      added->setStyle(style);
-    }
     Fill(*added, described.items);
+    KeepOnScreen(*added);
   });
 }
 

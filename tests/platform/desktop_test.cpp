@@ -10,6 +10,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMouseEvent>
+#include <QScreen>
 #include <QTimer>
 #include <variant>
 
@@ -139,6 +140,21 @@ TEST_F(desktop_test, MakesMenusLiteralAndLate) {
     submenu->actions().at(0)->trigger();
   });
   EXPECT_EQ(heard, strings{"menu 7"});
+}
+
+TEST_F(desktop_test, KeepsLongMenusOnTheScreen) {
+  const auto items = [](std::size_t count, std::size_t length) {
+    menu_item item;
+    item.text = std::string(length, 'x');
+    return std::vector<menu_item>(count, item);
+  };
+  desk.SetMenuBar({{"Many", items(1000, 6)}, {"Long", items(150, 40)}, {"Few", items(20, 40)}});
+  for (const QAction* title : Find<QMainWindow>()->menuBar()->actions()) {
+    QMenu* const shown = title->menu();
+    emit shown->aboutToShow();
+    EXPECT_LE(shown->sizeHint().width(), shown->screen()->availableSize().width())
+        << title->text().toStdString();
+  }
 }
 
 TEST_F(desktop_test, LeavesTheClosingOfAWindowToTheProgram) {
