@@ -8,12 +8,14 @@
 #include <utility>
 
 #include "platform/qt/qt_text.h"
+#include "platform/text.h"
 
 namespace mardel {
 namespace {
 
-constexpr qsizetype kFewItems = 20;    // fit a screen
-constexpr qsizetype kManyItems = 200;  // fit none, and are not worth measuring
+constexpr std::size_t kMostText = 120;  // bytes of one item
+constexpr qsizetype kFewItems = 20;     // fit a screen
+constexpr qsizetype kManyItems = 200;   // fit none, and are not worth measuring
 
 // Long menus scroll, where the style would make them wider than the screen.
 class scrolling_menu_style : public QProxyStyle {
@@ -49,10 +51,15 @@ QAction::MenuRole ToQt(menu_role role) {
   return QAction::NoRole;
 }
 
+// Of a long name its beginning and its end: a menu much wider than the screen is not shown at all.
+QString MenuText(const std::string& text) {
+  return ButtonText(CutMiddle(text, kMostText));
+}
+
 // The shortcut's label stays behind its tab; a tab in any other text is a blank.
 QString CommandText(const menu_item& described) {
   const std::size_t tab = described.text.find('\t');
-  if (described.shortcut.empty() || tab == std::string::npos) return ButtonText(described.text);
+  if (described.shortcut.empty() || tab == std::string::npos) return MenuText(described.text);
   return ButtonText(described.text.substr(0, tab)) + '\t' +
          ButtonText(described.text.substr(tab + 1));
 }
@@ -103,7 +110,7 @@ void menu_bar::Fill(QMenu& target, const std::vector<menu_item>& items) {
 }
 
 void menu_bar::AddSubmenu(QMenu& target, const menu_item& described) {
-  auto* const added = target.addMenu(ButtonText(described.text));
+  auto* const added = target.addMenu(MenuText(described.text));
   QObject::connect(added, &QMenu::aboutToShow, added, [this, added, &described] {
     if (!added->isEmpty()) return;
     Fill(*added, described.items);

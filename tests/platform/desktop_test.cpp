@@ -123,6 +123,8 @@ TEST_F(desktop_test, HandlesOneEventAtATime) {
 TEST_F(desktop_test, MakesMenusLiteralAndLate) {
   menu_item late{menu_item_kind::kSubmenu, kNasty, 0, "", menu_role::kNone, {}};
   late.items.push_back({menu_item_kind::kCommand, "a\tb", 7, "", menu_role::kNone, {}});
+  late.items.push_back(
+      {menu_item_kind::kCommand, std::string(300, 'x'), 8, "", menu_role::kNone, {}});
   desk.SetMenuBar({{"Li&b", {late}}});
   QAction* const title = Find<QMainWindow>()->menuBar()->actions().at(0);
   EXPECT_EQ(title->text().toStdString(), "Li&&b");
@@ -135,8 +137,10 @@ TEST_F(desktop_test, MakesMenusLiteralAndLate) {
   const strings heard = Hear([submenu] {
     emit submenu->aboutToShow();
     emit submenu->aboutToShow();
-    ASSERT_EQ(submenu->actions().size(), 1);
+    ASSERT_EQ(submenu->actions().size(), 2);
     EXPECT_EQ(submenu->actions().at(0)->text(), "a b");
+    EXPECT_EQ(submenu->actions().at(1)->text().toStdString(),
+              std::string(60, 'x') + "[... 180 bytes left out ...]" + std::string(60, 'x'));
     submenu->actions().at(0)->trigger();
   });
   EXPECT_EQ(heard, strings{"menu 7"});
