@@ -6,20 +6,10 @@
 #include <vector>
 
 #include "platform/geometry.h"
+#include "platform/message.h"
 #include "platform/painter.h"
 
 namespace mardel {
-
-enum class message_buttons { kOk, kYesNo, kYesNoCancel };
-enum class message_icon { kCaution, kNote, kStop };
-enum class answer { kOk, kYes, kNo, kCancel };
-
-struct message {
-  std::string title;
-  std::string text;  // plain text, never markup; "\r", "\n" and "\r\n" break lines
-  message_buttons buttons = message_buttons::kOk;
-  message_icon icon = message_icon::kStop;
-};
 
 struct file_request {
   std::string title;
@@ -78,20 +68,25 @@ struct window {
   window_modality modality = window_modality::kModal;
 };
 
-class ui {
+class message_boxes {
  public:
-  ui() = default;
-  ui(const ui&) = delete;
-  ui& operator=(const ui&) = delete;
-  virtual ~ui() = default;
+  message_boxes() = default;
+  message_boxes(const message_boxes&) = delete;
+  message_boxes& operator=(const message_boxes&) = delete;
+  virtual ~message_boxes() = default;
 
   // Waits for the answer. Closing the box answers No where there is a No and no Cancel.
   virtual answer ShowMessage(const message& shown) = 0;
-  // The chosen path, or "" when the requester was cancelled.
-  virtual std::string AskOpenFile(const file_request& request) = 0;
-  virtual std::string AskSaveFile(const file_request& request) = 0;
+};
 
-  virtual void SetTitle(const std::string& title) = 0;
+// What the canvas and what the mouse does on it need.
+class canvas_view {
+ public:
+  canvas_view() = default;
+  canvas_view(const canvas_view&) = delete;
+  canvas_view& operator=(const canvas_view&) = delete;
+  virtual ~canvas_view() = default;
+
   // Fields 0 to 3.
   virtual void SetStatus(int field, const std::string& text) = 0;
   virtual void SetPointer(pointer_shape shape) = 0;
@@ -100,7 +95,15 @@ class ui {
   virtual void ShowOverlay(const overlay& shape) = 0;
   // Adds to the vertical position of the area that holds the canvas.
   virtual void ScrollBy(int pixels) = 0;
-  virtual void CheckMenuItem(int id, bool checked) = 0;
+};
+
+// What a secondary window needs.
+class secondary_windows {
+ public:
+  secondary_windows() = default;
+  secondary_windows(const secondary_windows&) = delete;
+  secondary_windows& operator=(const secondary_windows&) = delete;
+  virtual ~secondary_windows() = default;
 
   // Opens a secondary window and returns its number, never used before. A modal window's opener
   // disables the main window first.
@@ -116,6 +119,15 @@ class ui {
   virtual void DisableMainWindow() = 0;
   // Enables the main window and brings it to the front.
   virtual void EnableMainWindow() = 0;
+};
+
+class ui : public message_boxes, public canvas_view, public secondary_windows {
+ public:
+  // The chosen path, or "" when the requester was cancelled.
+  virtual std::string AskOpenFile(const file_request& request) = 0;
+  virtual std::string AskSaveFile(const file_request& request) = 0;
+  virtual void SetTitle(const std::string& title) = 0;
+  virtual void CheckMenuItem(int id, bool checked) = 0;
 };
 
 }  // namespace mardel
