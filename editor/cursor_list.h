@@ -20,8 +20,16 @@ class cursor_list {
   using const_iterator = typename std::list<T>::const_iterator;
 
   cursor_list() = default;
-  cursor_list(cursor_list&&) = delete;
-  cursor_list& operator=(cursor_list&&) = delete;
+  cursor_list(cursor_list&& from) noexcept { *this = std::move(from); }
+  // Elements stay where they are in memory; `from` is left empty.
+  cursor_list& operator=(cursor_list&& from) noexcept {
+    if (this == &from) return *this;
+    const bool has_current = from.current_ != from.elements_.end();
+    elements_.swap(from.elements_);
+    current_ = has_current ? from.current_ : elements_.end();
+    from.Clear();
+    return *this;
+  }
   ~cursor_list() = default;
 
   iterator begin() { return elements_.begin(); }

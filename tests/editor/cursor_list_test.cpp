@@ -16,6 +16,9 @@ TEST(CursorList, AgreesWithAVectorAndAnIndexOverRandomMoves) {
   std::vector<int> numbers;
   std::ptrdiff_t current = -1;  // index of the current number, -1 for none
   for (int next = 0; next < 20000; ++next) {
+    cursor_list<int> moved = std::move(list);
+    ASSERT_TRUE(list.empty());  // NOLINT(bugprone-use-after-move): promised
+    list = std::move(moved);
     const auto size = static_cast<std::ptrdiff_t>(numbers.size());
     const auto place = static_cast<std::ptrdiff_t>(random()) % std::max(size, std::ptrdiff_t{1});
     const auto element = std::next(list.begin(), place);
