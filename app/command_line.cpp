@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <charconv>
 #include <limits>
-#include <set>
+#include <map>
+#include <optional>
 
 #include "app/main_menu.h"
 #include "platform/picture_file.h"
@@ -15,21 +16,18 @@ constexpr double kLeastScale = 0.25;
 constexpr double kMostScale = 8;
 constexpr std::size_t kAnyNumber = std::numeric_limits<std::size_t>::max();
 
-struct verb_rule {
-  std::string_view option;
-  verb action;
-  std::size_t least_names, most_names;
-  std::string_view name;  // what a name stands for
-};
+// The arguments in their groups, when their numbers are right.
+struct typed_words {
+  std::string verb_value;
+  std::map<std::string_view, std::string> options;  // to their values
+  std::vector<std::string> names;
 
-constexpr verb_rule kVerbs[] = {
-    {"", verb::kWindow, 0, 1, "design"},
-    {"--generate", verb::kGenerate, 1, 1, "design"},
-    {"--check", verb::kCheck, 1, kAnyNumber, "design"},
-    {"--render", verb::kRender, 1, 1, "design"},
-    {"--list", verb::kList, 0, 1, "library"},
-    {"--help", verb::kHelp, 0, 0, ""},
-    {"--version", verb::kVersion, 0, 0, ""},
+  // Null when it was not given.
+  const std::string* Option(std::string_view name) const {
+    const auto found = options.find(name);
+    return found == options.end() ? nullptr : &found->second;
+  }
+  std::string FirstName() const { return names.empty() ? std::string() : names.front(); }
 };
 
 std::string Quoted(std::string_view text) {
@@ -45,15 +43,92 @@ std::optional<number> ParseNumber(const std::string& text) {
   return status == std::errc() && stop == end ? std::optional(value) : std::nullopt;
 }
 
+command_line Window(const typed_words& typed) {
+  return window_request{typed.FirstName()};
+}
+
+command_line Generate(const typed_words& typed) {
+  generate_request asked{.design = typed.FirstName(), .output = typed.verb_value};
+  if (typed.Option("--preprocess") != nullptr) asked.steps = run_option::kPreprocess;
+  const std::string* const location = typed.Option("--program");
+  if (location == nullptr) return asked;
+  if (asked.steps == run_option::kPreprocess) {
+    return usage_error{"only one of --preprocess and --program can be given"};
+  }
+  asked.steps = run_option::kRun;
+  asked.location = ParseNumber<int>(*location).value_or(-1);
+  if (asked.location >= 0 && asked.location < kProgramLocations) return asked;
+  return usage_error{"program location " + Quoted(*location) + " is not one of 0 to " +
+                     std::to_string(kProgramLocations - 1)};
+}
+
+command_line Check(const typed_words& typed) {
+  return check_request{typed.names};
+}
+
+command_line Render(const typed_words& typed) {
+  render_request asked{.design = typed.FirstName(), .output = typed.verb_value};
+  if (!FormatOfPicture(asked.output)) {
+    return usage_error{"picture " + Quoted(asked.output) + " ends in none of .png, .svg and .pdf"};
+  }
+  if (typed.Option("--grid") != nullptr) asked.lines = grid::kShown;
+  if (typed.Option("--crop") != nullptr) asked.area = picture_area::kDrawn;
+  const std::string* const scale = typed.Option("--scale");
+  if (scale == nullptr) return asked;
+  asked.scale = ParseNumber<double>(*scale).value_or(0);
+  if (asked.scale >= kLeastScale && asked.scale <= kMostScale) return asked;
+  return usage_error{"scale " + Quoted(*scale) + " is not one of 0.25 to 8"};
+}
+
+command_line List(const typed_words& typed) {
+  return list_request{typed.FirstName()};
+}
+
+template <class request>
+command_line Plain(const typed_words& /*typed*/) {
+  return request{};
+}
+
+struct verb_rule {
+  std::string_view name;   // "" for the window
+  std::string_view value;  // what follows it; "" when nothing does
+  std::size_t least_names, most_names;
+  std::string_view named;  // what a name stands for
+  command_line (*make)(const typed_words& typed);
+};
+
+constexpr verb_rule kVerbs[] = {
+    {"", "", 0, 1, "design", Window},
+    {"--generate", "an output file", 1, 1, "design", Generate},
+    {"--check", "", 1, kAnyNumber, "design", Check},
+    {"--render", "a picture file", 1, 1, "design", Render},
+    {"--list", "", 0, 1, "library", List},
+    {"--help", "", 0, 0, "", Plain<help_request>},
+    {"--version", "", 0, 0, "", Plain<version_request>},
+};
+
+struct option_rule {
+  std::string_view name;
+  std::string_view value;  // as verb_rule has it
+  std::string_view verb;   // that it goes with
+};
+
+constexpr option_rule kOptions[] = {
+    {"--preprocess", "", "--generate"},  {"--program", "a program location", "--generate"},
+    {"--scale", "a number", "--render"}, {"--grid", "", "--render"},
+    {"--crop", "", "--render"},
+};
+
+// Puts the arguments into their groups; the first that makes no sense ends it.
 class parser {
  public:
   explicit parser(std::span<const std::string> arguments) : rest_(arguments) {}
 
-  std::variant<command_line, usage_error> Parse() {
-    while (error_.empty() && !rest_.empty()) ParseNext();
+  command_line Parse() {
+    while (error_.empty() && !rest_.empty()) SortNext();
     if (error_.empty()) CheckWhole();
     if (!error_.empty()) return usage_error{error_};
-    return parsed_;
+    return verb_->make(typed_);
   }
 
  private:
@@ -63,110 +138,70 @@ class parser {
     return first;
   }
 
-  void ParseNext() {
+  void SortNext() {
     const std::string argument = Take();
     if (only_names_ || !argument.starts_with('-') || argument == "-") {
-      parsed_.names.push_back(argument);
+      typed_.names.push_back(argument);
     } else if (argument == "--") {
       only_names_ = true;
-    } else if (argument == "--preprocess" || argument == "--program") {
-      ParseTools(argument);
-    } else if (argument == "--scale" || argument == "--grid" || argument == "--crop") {
-      ParsePicture(argument);
+    } else if (const auto* option = std::ranges::find(kOptions, argument, &option_rule::name);
+               option != std::end(kOptions)) {
+      SortOption(*option);
     } else {
-      ParseVerb(argument);
+      SortVerb(argument);
     }
   }
 
-  void ParseVerb(const std::string& option) {
-    const auto* const found = std::ranges::find(kVerbs, option, &verb_rule::option);
+  void SortOption(const option_rule& option) {
+    const auto [place, is_first] = typed_.options.try_emplace(option.name);
+    if (!is_first) error_ = std::string(option.name) + " can be given once";
+    if (is_first && !option.value.empty()) place->second = TakeValue(option.name, option.value);
+  }
+
+  void SortVerb(const std::string& name) {
+    const auto* const found = std::ranges::find(kVerbs, name, &verb_rule::name);
     if (found == std::end(kVerbs)) {
-      error_ = "unknown option " + Quoted(option);
-    } else if (rule_ != kVerbs) {
-      error_ = option + " can't follow " + std::string(rule_->option);
+      error_ = "unknown option " + Quoted(name);
+    } else if (verb_ != kVerbs) {
+      error_ = name + " can't follow " + std::string(verb_->name);
     } else {
-      rule_ = found;
-      if (found->action == verb::kGenerate) parsed_.output = TakeValue(option, "an output file");
-      if (found->action == verb::kRender) ParseOutput(TakeValue(option, "a picture file"));
+      verb_ = found;
+      if (!found->value.empty()) typed_.verb_value = TakeValue(name, found->value);
     }
   }
 
-  void ParseOutput(const std::string& path) {
-    parsed_.output = path;
-    if (!error_.empty() || FormatOfPicture(path)) return;
-    error_ = "picture " + Quoted(path) + " ends in none of .png, .svg and .pdf";
-  }
-
-  void ParseTools(const std::string& option) {
-    if (parsed_.tools != tool_steps::kNone) {
-      error_ = "only one of --preprocess and --program can be given, and once";
-    } else if (option == "--preprocess") {
-      parsed_.tools = tool_steps::kPreprocess;
-    } else {
-      parsed_.tools = tool_steps::kProgram;
-      ParseLocation(TakeValue(option, "a program location"));
-    }
-  }
-
-  void ParseLocation(const std::string& text) {
-    parsed_.location = ParseNumber<int>(text).value_or(-1);
-    const bool is_one = parsed_.location >= 0 && parsed_.location < kProgramLocations;
-    if (!error_.empty() || is_one) return;
-    error_ = "program location " + Quoted(text) + " is not one of 0 to " +
-             std::to_string(kProgramLocations - 1);
-  }
-
-  void ParsePicture(const std::string& option) {
-    if (!picture_options_.insert(option).second) {
-      error_ = option + " can be given once";
-    } else if (option == "--scale") {
-      ParseScale(TakeValue(option, "a number"));
-    } else if (option == "--grid") {
-      parsed_.lines = grid::kShown;
-    } else {
-      parsed_.area = picture_area::kDrawn;
-    }
-  }
-
-  void ParseScale(const std::string& text) {
-    parsed_.scale = ParseNumber<double>(text).value_or(0);
-    const bool is_one = parsed_.scale >= kLeastScale && parsed_.scale <= kMostScale;
-    if (error_.empty() && !is_one) error_ = "scale " + Quoted(text) + " is not one of 0.25 to 8";
-  }
-
-  std::string TakeValue(const std::string& option, const std::string& meaning) {
+  std::string TakeValue(std::string_view name, std::string_view meaning) {
     if (!rest_.empty() && !rest_.front().empty() && !rest_.front().starts_with('-')) return Take();
-    error_ = option + " needs " + meaning;
+    error_ = std::string(name) + " needs " + std::string(meaning);
     return {};
   }
 
   void CheckWhole() {
-    parsed_.action = rule_->action;
-    const std::size_t names = parsed_.names.size();
-    if (parsed_.tools != tool_steps::kNone && parsed_.action != verb::kGenerate) {
-      error_ = "--preprocess and --program go with --generate only";
-    } else if (!picture_options_.empty() && parsed_.action != verb::kRender) {
-      error_ = "--scale, --grid and --crop go with --render only";
-    } else if (names < rule_->least_names) {
-      error_ = std::string(rule_->option) + " needs a " + std::string(rule_->name);
-    } else if (names > rule_->most_names) {
-      error_ = "extra argument " + Quoted(parsed_.names[rule_->most_names]);
-    } else if (std::ranges::count(parsed_.names, "") > 0) {
-      error_ = "a " + std::string(rule_->name) + " has no name";
+    const std::size_t names = typed_.names.size();
+    for (const option_rule& option : kOptions) {
+      if (typed_.Option(option.name) == nullptr || option.verb == verb_->name) continue;
+      error_ = std::string(option.name) + " goes with " + std::string(option.verb) + " only";
+      return;
+    }
+    if (names < verb_->least_names) {
+      error_ = std::string(verb_->name) + " needs a " + std::string(verb_->named);
+    } else if (names > verb_->most_names) {
+      error_ = "extra argument " + Quoted(typed_.names[verb_->most_names]);
+    } else if (std::ranges::count(typed_.names, "") > 0) {
+      error_ = "a " + std::string(verb_->named) + " has no name";
     }
   }
 
   std::span<const std::string> rest_;
-  const verb_rule* rule_ = kVerbs;
+  const verb_rule* verb_ = kVerbs;
   bool only_names_ = false;
-  std::set<std::string> picture_options_;
-  command_line parsed_;
+  typed_words typed_;
   std::string error_;
 };
 
 }  // namespace
 
-std::variant<command_line, usage_error> ParseCommandLine(std::span<const std::string> arguments) {
+command_line ParseCommandLine(std::span<const std::string> arguments) {
   return parser(arguments).Parse();
 }
 

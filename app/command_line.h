@@ -1,42 +1,57 @@
 // What the user typed after the program's name.
 #pragma once
 
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <variant>
 #include <vector>
 
+#include "codegen/settings.h"
 #include "editor/rendering.h"
 
 namespace mardel {
 
-enum class verb { kWindow, kGenerate, kCheck, kRender, kList, kHelp, kVersion };
+struct window_request {
+  std::string design;  // "" opens none
+};
 
-enum class tool_steps { kNone, kPreprocess, kProgram };
+struct generate_request {
+  std::string design, output;
+  run_option steps = run_option::kSourceOnly;
+  int location = 0;  // of run_option::kRun, which stores the program there
+};
+
+struct check_request {
+  std::vector<std::string> designs;
+};
 
 enum class picture_area { kCanvas, kDrawn };
 
-struct command_line {
-  verb action = verb::kWindow;
-  std::string output;  // of kGenerate and kRender
-  tool_steps tools = tool_steps::kNone;
-  int location = 0;    // of tool_steps::kProgram
-  double scale = 1.0;  // of kRender, and so the next two
+struct render_request {
+  std::string design, output;
+  double scale = 1.0;
   grid lines = grid::kHidden;
   picture_area area = picture_area::kCanvas;
-  std::vector<std::string> names;  // design files, or the library of kList
-  bool operator==(const command_line&) const = default;
 };
+
+struct list_request {
+  std::string library;  // "" names them all
+};
+
+struct help_request {};
+struct version_request {};
 
 struct usage_error {
   std::string text;  // one line
-  bool operator==(const usage_error&) const = default;
 };
 
+// An alternative each for the window, for every verb, and for what makes no sense.
+using command_line = std::variant<window_request, generate_request, check_request, render_request,
+                                  list_request, help_request, version_request, usage_error>;
+
 // `arguments` is without the program's name. After "--" everything is a name.
-std::variant<command_line, usage_error> ParseCommandLine(std::span<const std::string> arguments);
+command_line ParseCommandLine(std::span<const std::string> arguments);
 
 std::string_view UsageText();
 

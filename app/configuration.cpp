@@ -28,7 +28,7 @@ void Apply(settings& options, std::string_view name, std::string_view text) {
     options.*folder.value = text;
     EndFolderWithSlash(options.*folder.value);
   }
-  if (name == "run_opt") options.run_opt = ParseInteger(text);
+  if (name == "run_opt") options.run_opt = run_option{ParseInteger(text)};
   if (name == "i2c_addr") options.dravik_i2c = text;
   // kept: the element's presence is the switch, so even a "0" in it turns expert mode on.
   if (name == "expert_mode") options.expert = expert_mode::kOn;
@@ -79,7 +79,7 @@ void LoadConfiguration(settings& options, const std::string& path, ui& desk) {
 std::string ConfigurationText(const settings& options) {
   std::string text = "<MardelConfig>\n";
   for (const folder_element& folder : kFolders) text += Line(folder.name, options.*folder.value);
-  text += Line("run_opt", std::to_string(options.run_opt));
+  text += Line("run_opt", std::to_string(static_cast<std::int64_t>(options.run_opt)));
   text += Line("i2c_addr", options.dravik_i2c);
   if (options.expert == expert_mode::kOn) text += Line("expert_mode", "");
   return text + "</MardelConfig>\n";

@@ -24,9 +24,16 @@ constexpr gadget_kind kRightLabel = gadget_kind::kRightLabel;
 constexpr gadget_kind kTextField = gadget_kind::kTextField;
 constexpr gadget_kind kOption = gadget_kind::kOption;
 
-// kept: any other number than 0 and 1 shows as the last option.
-int RunOption(std::int64_t run_opt) {
-  return run_opt == 0 ? kRunFromRam : run_opt == 1 ? kPreprocessOnly : kSourceOnly;
+gadget_id RunGadget(run_option shown) {
+  switch (shown) {
+    case run_option::kRun:
+      return kRunFromRam;
+    case run_option::kPreprocess:
+      return kPreprocessOnly;
+    case run_option::kSourceOnly:
+      break;
+  }
+  return kSourceOnly;
 }
 
 void Store(settings& options, const ui& desk, int number) {
@@ -34,9 +41,9 @@ void Store(settings& options, const ui& desk, int number) {
   options.libraries_path = desk.GadgetText(number, kLibrariesPath);
   options.exec_path = desk.GadgetText(number, kExecPath);
   options.dravik_i2c = desk.GadgetText(number, kI2cAddress);
-  options.run_opt = desk.GadgetChecked(number, kRunFromRam)       ? 0
-                    : desk.GadgetChecked(number, kPreprocessOnly) ? 1
-                                                                  : 2;
+  options.run_opt = desk.GadgetChecked(number, kRunFromRam)       ? run_option::kRun
+                    : desk.GadgetChecked(number, kPreprocessOnly) ? run_option::kPreprocess
+                                                                  : run_option::kSourceOnly;
   EndFolderWithSlash(options.files_path);
   EndFolderWithSlash(options.libraries_path);
   EndFolderWithSlash(options.exec_path);
@@ -67,7 +74,7 @@ gadgets FolderFields(const settings& options) {
   };
 }
 
-gadgets RunOptions(std::int64_t run_opt) {
+gadgets RunOptions(run_option chosen) {
   gadgets shown = {
       {0,
        kLabel,
@@ -87,7 +94,7 @@ gadgets RunOptions(std::int64_t run_opt) {
        {40, 280, 450, 25},
        "No dev board or ICP just save .dvc file for preprocessor"},
   };
-  for (gadget& each : shown) each.checked = each.id == RunOption(run_opt);
+  for (gadget& each : shown) each.checked = each.id == RunGadget(chosen);
   return shown;
 }
 

@@ -12,16 +12,14 @@ std::optional<source_result> GenerateSource(program& app) {
                      {.options = app.options, .time = app.outside.time, .desk = desk});
 }
 
-toolchain_result RunTools(const program& app, const std::string& source_path,
-                          std::optional<int> location) {
+toolchain_result RunTools(const program& app, const toolchain_request& asked) {
   return RunToolchain(
-      source_path, location,
-      {.options = app.options, .runner = app.outside.runner, .desk = app.outside.desk});
+      asked, {.options = app.options, .runner = app.outside.runner, .boxes = app.outside.desk});
 }
 
 void Generate(program& app, std::optional<int> location) {
   const std::optional<source_result> source = GenerateSource(app);
-  if (source) RunTools(app, source->path, location);
+  if (source) (void)RunTools(app, {source->path, app.options.run_opt, location});
 }
 
 }  // namespace mardel

@@ -13,12 +13,10 @@ namespace mardel {
 // Nothing when the design was refused.
 std::optional<source_result> GenerateSource(program& app);
 
-// `location` is the program location, or nothing to run from RAM.
-toolchain_result RunTools(const program& app, const std::string& source_path,
-                          std::optional<int> location);
+toolchain_result RunTools(const program& app, const toolchain_request& asked);
 
-// The window's commands. kept: when the source file can't be created, the tools run on whatever
-// stands under its name.
+// The window's commands; `location` is the program location, or nothing to run from RAM. kept: when
+// the source file can't be created, the tools run on whatever stands under its name.
 void Generate(program& app, std::optional<int> location);
 
 }  // namespace mardel

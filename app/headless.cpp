@@ -7,7 +7,6 @@
 #include "app/generation.h"
 #include "app/headless_program.h"
 #include "app/paths.h"
-#include "app/render.h"
 #include "codegen/netlist.h"
 #include "library/block_directory.h"
 #include "platform/desktop.h"
@@ -15,64 +14,37 @@
 namespace mardel {
 namespace {
 
-int RunToolsFor(program& app, const command_line& asked, const std::string& source) {
-  app.options.run_opt = asked.tools == tool_steps::kPreprocess ? 1 : 0;
-  switch (RunTools(app, source, asked.location)) {
+exit_status RunToolsFor(const program& app, const generate_request& asked,
+                        const std::string& source) {
+  switch (RunTools(app, {source, asked.steps, asked.location})) {
     case toolchain_result::kDone:
-      return kDone;
+      return exit_status::kDone;
     case toolchain_result::kToolFailed:
-      return kRefused;
+      return exit_status::kRefused;
     case toolchain_result::kToolNotStarted:
-      return Fail(kFileOrToolMissing,
+      return Fail(exit_status::kFileOrToolMissing,
                   "a tool in the folder " + app.options.exec_path + " could not be started");
   }
-  return kRefused;
+  return exit_status::kRefused;
 }
 
-int GenerateFile(const command_line& asked) {
-  const std::string& path = asked.names.front();
-  const std::string output = AbsolutePath(asked.output);
-  if (IsSameFile(output, path)) {
-    return ReportWrongUsage({"the output would replace the design " + path});
-  }
-  const auto measures = FixedTextMetrics();
-  headless_program headless(output, *measures);
-  program& app = headless.app;
-  if (const int status = LoadWhole(app, path); status != kDone) return status;
-  const std::optional<source_result> source = GenerateSource(app);
-  if (!source) return kRefused;
-  if (source->status == write_status::kFailed) return kFileOrToolMissing;  // has been reported
-  if (source->status == write_status::kNotCreated) {
-    return Fail(kFileOrToolMissing, asked.output + " could not be written");
-  }
-  if (!source->is_complete) return kRefused;
-  return asked.tools == tool_steps::kNone ? kDone : RunToolsFor(app, asked, output);
-}
-
-int CheckFile(headless_program& headless, const std::string& path) {
+exit_status CheckFile(headless_program& headless, const std::string& path) {
   headless.desk.prefix = path + ": ";
   const design& document = headless.app.work.document;
-  const int loaded = LoadWhole(headless.app, path);
-  if (loaded == kFileOrToolMissing) return loaded;
+  const exit_status loaded = LoadWhole(headless.app, path);
+  if (loaded == exit_status::kFileOrToolMissing) return loaded;
   std::vector<design_problem> problems = FindTypeMismatches(document, problem_search::kAll);
   std::ranges::move(FindUnsetAndUnconnected(document, problem_search::kAll),
                     std::back_inserter(problems));
   for (const design_problem& problem : problems) headless.desk.ShowMessage(problem.report);
-  return problems.empty() ? loaded : kRefused;
+  return problems.empty() ? loaded : exit_status::kRefused;
 }
 
-int CheckFiles(const command_line& asked) {
-  const auto measures = FixedTextMetrics();
-  headless_program headless("", *measures);
-  int worst = kDone;
-  for (const std::string& path : asked.names) worst = std::max(worst, CheckFile(headless, path));
-  return worst;
-}
-
-int Print(std::string text) {
+exit_status Print(std::string text) {
   std::erase(text, '\r');
   std::cout << text << std::flush;
-  return std::cout ? kDone : Fail(kFileOrToolMissing, "standard output could not be written");
+  return std::cout ? exit_status::kDone
+                   : Fail(exit_status::kFileOrToolMissing, "standard output could not be written");
 }
 
 std::string LibraryLines(const library_set& set) {
@@ -96,40 +68,60 @@ std::string BlockTexts(const library_set& set, const std::string& name) {
   return texts;
 }
 
-int List(const command_line& asked) {
-  const auto measures = FixedTextMetrics();
-  headless_program headless("", *measures);
-  const library_set& set = headless.app.libraries;
-  if (asked.names.empty()) return Print(LibraryLines(set));
-  const std::string& name = asked.names.front();
-  if (set.FindLibrary(name) == nullptr) return Fail(kRefused, "there is no library " + name);
-  return Print(BlockTexts(set, name));
-}
-
 }  // namespace
 
-int RunHeadless(const command_line& asked) {
-  switch (asked.action) {
-    case verb::kGenerate:
-      return GenerateFile(asked);
-    case verb::kCheck:
-      return CheckFiles(asked);
-    case verb::kRender:
-      return RenderFile(asked);
-    case verb::kList:
-      return List(asked);
-    case verb::kVersion:
-      return Print(std::string("Mardel ") + kVersionText + "\n");
-    case verb::kHelp:
-    case verb::kWindow:
-      break;
+exit_status Run(const generate_request& asked) {
+  const std::string output = AbsolutePath(asked.output);
+  if (IsSameFile(output, asked.design)) {
+    return Run(usage_error{"the output would replace the design " + asked.design});
   }
+  const auto measures = FixedTextMetrics();
+  headless_program headless(output, *measures);
+  program& app = headless.app;
+  const exit_status loaded = LoadWhole(app, asked.design);
+  if (loaded != exit_status::kDone) return loaded;
+  const std::optional<source_result> source = GenerateSource(app);
+  if (!source) return exit_status::kRefused;
+  if (source->status == write_status::kFailed) return exit_status::kFileOrToolMissing;  // reported
+  if (source->status == write_status::kNotCreated) {
+    return Fail(exit_status::kFileOrToolMissing, asked.output + " could not be written");
+  }
+  if (!source->is_complete) return exit_status::kRefused;
+  return RunToolsFor(app, asked, output);
+}
+
+exit_status Run(const check_request& asked) {
+  const auto measures = FixedTextMetrics();
+  headless_program headless("", *measures);
+  exit_status worst = exit_status::kDone;
+  for (const std::string& path : asked.designs) {
+    worst = std::max(worst, CheckFile(headless, path));
+  }
+  return worst;
+}
+
+exit_status Run(const list_request& asked) {
+  const auto measures = FixedTextMetrics();
+  const headless_program headless("", *measures);
+  const library_set& set = headless.app.libraries;
+  if (asked.library.empty()) return Print(LibraryLines(set));
+  if (set.FindLibrary(asked.library) == nullptr) {
+    return Fail(exit_status::kRefused, "there is no library " + asked.library);
+  }
+  return Print(BlockTexts(set, asked.library));
+}
+
+exit_status Run(const help_request& /*asked*/) {
   return Print(std::string(UsageText()));
 }
 
-int ReportWrongUsage(const usage_error& error) {
-  std::cerr << "mardel: " << error.text << '\n' << UsageText() << std::flush;
-  return kWrongUsage;
+exit_status Run(const version_request& /*asked*/) {
+  return Print(std::string("Mardel ") + kVersionText + "\n");
+}
+
+exit_status Run(const usage_error& wrong) {
+  std::cerr << "mardel: " << wrong.text << '\n' << UsageText() << std::flush;
+  return exit_status::kWrongUsage;
 }
 
 }  // namespace mardel

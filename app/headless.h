@@ -5,17 +5,19 @@
 
 namespace mardel {
 
-enum exit_status : int {
+enum class exit_status : int {
   kDone = 0,
   kRefused = 1,  // the design, or a tool
   kWrongUsage = 2,
   kFileOrToolMissing = 3,  // not read, not written, not started
 };
 
-// Does what was asked for (not verb::kWindow) and returns the process's exit status. Messages go to
-// standard error.
-int RunHeadless(const command_line& asked);
-
-int ReportWrongUsage(const usage_error& error);
+// Messages go to standard error.
+exit_status Run(const generate_request& asked);
+exit_status Run(const check_request& asked);
+exit_status Run(const list_request& asked);
+exit_status Run(const help_request& asked);
+exit_status Run(const version_request& asked);
+exit_status Run(const usage_error& wrong);
 
 }  // namespace mardel

@@ -14,15 +14,15 @@ headless_program::headless_program(const std::string& output, const text_metrics
   BuildMenus(app, host.kind);
 }
 
-int Fail(exit_status status, const std::string& line) {
+exit_status Fail(exit_status status, const std::string& line) {
   std::cerr << "mardel: " << line << std::endl;
   return status;
 }
 
-int LoadWhole(program& app, const std::string& path) {
+exit_status LoadWhole(program& app, const std::string& path) {
   const load_result loaded = OpenFile(app, path);
-  if (loaded.status != load_status::kLoaded) return kFileOrToolMissing;
-  return loaded.missing_blocks > 0 ? kRefused : kDone;
+  if (loaded.status != load_status::kLoaded) return exit_status::kFileOrToolMissing;
+  return loaded.missing_blocks > 0 ? exit_status::kRefused : exit_status::kDone;
 }
 
 }  // namespace mardel

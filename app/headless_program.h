@@ -21,10 +21,10 @@ struct headless_program {
 };
 
 // Says why on standard error; returns `status`.
-int Fail(exit_status status, const std::string& line);
+exit_status Fail(exit_status status, const std::string& line);
 
 // Opens the design. A block that no library has refuses it whole, so that nothing is made with a
 // hole.
-int LoadWhole(program& app, const std::string& path);
+exit_status LoadWhole(program& app, const std::string& path);
 
 }  // namespace mardel

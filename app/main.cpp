@@ -1,13 +1,24 @@
 #include "app/command_line.h"
 #include "app/headless.h"
+#include "app/render.h"
 #include "app/window.h"
 
+namespace {
+
+// One overload for each kind of request.
+struct front_end {
+  int& argument_count;
+  char** arguments;
+
+  int operator()(const mardel::window_request& asked) const {
+    return mardel::RunWindow(asked.design, argument_count, arguments);
+  }
+  int operator()(const auto& asked) const { return static_cast<int>(Run(asked)); }
+};
+
+}  // namespace
+
 int main(int argc, char** argv) {
-  using namespace mardel;
   const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
-  const auto parsed = ParseCommandLine(arguments);
-  if (const auto* wrong = std::get_if<usage_error>(&parsed)) return ReportWrongUsage(*wrong);
-  const command_line& asked = std::get<command_line>(parsed);
-  if (asked.action != verb::kWindow) return RunHeadless(asked);
-  return RunWindow(asked.names.empty() ? "" : asked.names.front(), argc, argv);
+  return std::visit(front_end{argc, argv}, mardel::ParseCommandLine(arguments));
 }

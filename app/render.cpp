@@ -39,7 +39,7 @@ rectangle WithMargin(const extent& drawn) {
 }
 
 std::variant<rectangle, refusal> Area(const design& document, const drawing_context& context,
-                                      const command_line& asked) {
+                                      const render_request& asked) {
   if (asked.area == picture_area::kCanvas) return rectangle{0, 0, kCanvasWidth, kCanvasHeight};
   const std::optional<extent> drawn = DrawnExtent(document, context);
   if (!drawn) return refusal{"an empty design can't be cropped"};
@@ -57,26 +57,28 @@ std::variant<rectangle, refusal> Area(const design& document, const drawing_cont
 
 }  // namespace
 
-int RenderFile(const command_line& asked) {
-  const std::string& path = asked.names.front();
-  if (IsSameFile(asked.output, path)) {
-    return ReportWrongUsage({"the output would replace the design " + path});
+exit_status Run(const render_request& asked) {
+  if (IsSameFile(asked.output, asked.design)) {
+    return Run(usage_error{"the output would replace the design " + asked.design});
   }
   const std::unique_ptr<picture_maker> pictures = StartPictures();
   headless_program headless("", pictures->Metrics());
   program& app = headless.app;
-  if (const int status = LoadWhole(app, path); status != kDone) return status;
+  const exit_status loaded = LoadWhole(app, asked.design);
+  if (loaded != exit_status::kDone) return loaded;
   const drawing_context context{app.libraries, app.outside.metrics, asked.lines};
   const auto area = Area(app.work.document, context, asked);
-  if (const auto* refused = std::get_if<refusal>(&area)) return Fail(kRefused, refused->text);
+  if (const auto* refused = std::get_if<refusal>(&area))
+    return Fail(exit_status::kRefused, refused->text);
   const std::optional<std::string> content =
       pictures->Make(*FormatOfPicture(asked.output), {std::get<rectangle>(area), asked.scale},
                      [&](painter& canvas) { DrawDesign(canvas, app.work.document, context); });
-  if (!content) return Fail(kFileOrToolMissing, "there is not enough memory for the picture");
+  if (!content)
+    return Fail(exit_status::kFileOrToolMissing, "there is not enough memory for the picture");
   if (ReplaceFile(asked.output, *content) != write_status::kWritten) {
-    return Fail(kFileOrToolMissing, asked.output + " could not be written");
+    return Fail(exit_status::kFileOrToolMissing, asked.output + " could not be written");
   }
-  return kDone;
+  return exit_status::kDone;
 }
 
 }  // namespace mardel

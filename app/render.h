@@ -1,11 +1,10 @@
 // The picture of a design as a file.
 #pragma once
 
-#include "app/command_line.h"
+#include "app/headless.h"
 
 namespace mardel {
 
-// Does verb::kRender; returns the process's exit status.
-int RenderFile(const command_line& asked);
+exit_status Run(const render_request& asked);
 
 }  // namespace mardel

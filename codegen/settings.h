@@ -10,6 +10,14 @@ namespace mardel {
 
 constexpr const char* kVersionText = "2.1";
 
+// How far the tools go after a source was written. The numbers are those of the configuration file;
+// any other number is kept as it is and means kSourceOnly.
+enum class run_option : std::int64_t {
+  kRun = 0,  // preprocess, then assemble and run from RAM or store in a program location
+  kPreprocess = 1,
+  kSourceOnly = 2,
+};
+
 // Folders end in "/".
 struct settings {
   std::string files_path;      // designs and generated sources
@@ -18,8 +26,7 @@ struct settings {
   std::string asm_exe;
   std::string pre_exe;
   std::string dravik_i2c;  // "0x30"; handed to the tools unchanged
-  std::int64_t run_opt =
-      0;  // 0 preprocess, assemble, run; 1 preprocess; others only write the source
+  run_option run_opt = run_option::kRun;
   expert_mode expert = expert_mode::kOff;
 };
 

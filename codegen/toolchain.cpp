@@ -1,6 +1,7 @@
 #include "codegen/toolchain.h"
 
 #include "platform/text.h"
+#include "platform/utf8.h"
 
 namespace mardel {
 namespace {
@@ -14,9 +15,7 @@ std::string Quoted(const std::string& text) {
 
 std::string WithoutLastCharacters(std::string text, int count) {
   for (; count > 0 && !text.empty(); --count) {
-    while (text.size() > 1 && (static_cast<unsigned char>(text.back()) & 0xC0U) == 0x80U) {
-      text.pop_back();
-    }
+    while (text.size() > 1 && IsContinuation(text.back())) text.pop_back();
     text.pop_back();
   }
   return text;
@@ -38,9 +37,9 @@ toolchain_result RunReporting(const std::string& program, const std::string& arg
   const tool_result ended = context.runner.RunTool(program, arguments);
   if (!ended.started) return toolchain_result::kToolNotStarted;
   if (ended.exit_code == 0) return toolchain_result::kDone;
-  context.desk.ShowMessage({"ERROR", ended.output + report.before_code +
-                                         "Exitcode: " + std::to_string(ended.exit_code) +
-                                         report.after_code + report.warning});
+  context.boxes.ShowMessage({"ERROR", ended.output + report.before_code +
+                                          "Exitcode: " + std::to_string(ended.exit_code) +
+                                          report.after_code + report.warning});
   return toolchain_result::kToolFailed;
 }
 
@@ -51,11 +50,10 @@ toolchain_result Preprocess(const std::string& source_path, const toolchain_cont
   return RunReporting(s.exec_path + s.pre_exe, arguments, kPreprocessorReport, context);
 }
 
-toolchain_result Assemble(const std::string& source_path, std::optional<int> location,
-                          const toolchain_context& context) {
+toolchain_result Assemble(const toolchain_request& asked, const toolchain_context& context) {
   const settings& s = context.options;
-  const std::string preprocessed = WithoutLastCharacters(source_path, 3) + "dvo";
-  const std::string target = location ? "-p " + std::to_string(*location) : "-re";
+  const std::string preprocessed = WithoutLastCharacters(asked.source_path, 3) + "dvo";
+  const std::string target = asked.location ? "-p " + std::to_string(*asked.location) : "-re";
   return RunReporting(s.exec_path + s.asm_exe,
                       target + " -i " + s.dravik_i2c + ' ' + Quoted(preprocessed), kAssemblerReport,
                       context);
@@ -63,31 +61,24 @@ toolchain_result Assemble(const std::string& source_path, std::optional<int> loc
 
 // The program runs on the board for as long as the box is open.
 toolchain_result RunUntilClosed(const toolchain_context& context) {
-  context.desk.ShowMessage({"Running", "Running from RAM, close this window to end",
-                            message_buttons::kOk, message_icon::kNote});
+  context.boxes.ShowMessage({"Running", "Running from RAM, close this window to end",
+                             message_buttons::kOk, message_icon::kNote});
   const settings& s = context.options;
   return RunReporting(s.exec_path + s.asm_exe, "-ee -i " + s.dravik_i2c, kEndOfRunReport, context);
 }
 
 }  // namespace
 
-toolchain_result RunToolchain(const std::string& source_path, std::optional<int> location,
-                              const toolchain_context& context) {
+toolchain_result RunToolchain(const toolchain_request& asked, const toolchain_context& context) {
   constexpr std::size_t kShortestPath = 6;
-  constexpr std::int64_t kPreprocessAssembleRun = 0;
-  constexpr std::int64_t kPreprocessOnly = 1;
-  const std::int64_t run_opt = context.options.run_opt;
-  if (CountCharacters(source_path) < kShortestPath) return toolchain_result::kDone;
-  if (run_opt != kPreprocessAssembleRun && run_opt != kPreprocessOnly) {
-    return toolchain_result::kDone;
-  }
+  const bool is_run = asked.steps == run_option::kRun;
+  if (CountCharacters(asked.source_path) < kShortestPath) return toolchain_result::kDone;
+  if (!is_run && asked.steps != run_option::kPreprocess) return toolchain_result::kDone;
   // kept: a preprocessor that could not be started stops nothing, an older output may stand there.
-  const toolchain_result preprocessed = Preprocess(source_path, context);
-  if (run_opt == kPreprocessOnly || preprocessed == toolchain_result::kToolFailed) {
-    return preprocessed;
-  }
-  toolchain_result assembled = Assemble(source_path, location, context);
-  if (assembled == toolchain_result::kDone && !location) assembled = RunUntilClosed(context);
+  const toolchain_result preprocessed = Preprocess(asked.source_path, context);
+  if (!is_run || preprocessed == toolchain_result::kToolFailed) return preprocessed;
+  toolchain_result assembled = Assemble(asked, context);
+  if (assembled == toolchain_result::kDone && !asked.location) assembled = RunUntilClosed(context);
   return assembled == toolchain_result::kDone ? preprocessed : assembled;
 }
 

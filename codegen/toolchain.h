@@ -12,15 +12,19 @@ namespace mardel {
 
 enum class toolchain_result { kDone, kToolFailed, kToolNotStarted };
 
-struct toolchain_context {
-  const settings& options;
-  process_runner& runner;
-  ui& desk;
+struct toolchain_request {
+  std::string source_path;  // of fewer than 6 characters runs nothing
+  run_option steps = run_option::kRun;
+  std::optional<int> location;  // 0 to 15, or nothing to run from RAM
 };
 
-// As far as the run option says. `location` is the program location 0 to 15, or nothing to run from
-// RAM. A path of fewer than 6 characters runs nothing.
-toolchain_result RunToolchain(const std::string& source_path, std::optional<int> location,
-                              const toolchain_context& context);
+struct toolchain_context {
+  const settings& options;  // of which the run option is not asked
+  process_runner& runner;
+  message_boxes& boxes;
+};
+
+[[nodiscard]] toolchain_result RunToolchain(const toolchain_request& asked,
+                                            const toolchain_context& context);
 
 }  // namespace mardel

@@ -7,23 +7,35 @@
 namespace mardel {
 namespace {
 
+struct request_words {
+  std::string operator()(const window_request& r) const { return "window " + r.design; }
+  std::string operator()(const generate_request& r) const {
+    const std::string steps = r.steps == run_option::kPreprocess ? " preprocess"
+                              : r.steps == run_option::kRun
+                                  ? " program " + std::to_string(r.location)
+                                  : "";
+    return "generate " + r.output + steps + " of " + r.design;
+  }
+  std::string operator()(const check_request& r) const {
+    std::string text = "check";
+    for (const std::string& name : r.designs) text += ' ' + name;
+    return text;
+  }
+  std::string operator()(const render_request& r) const {
+    std::ostringstream scale;
+    scale << r.scale;
+    return "render " + r.output + " scale " + scale.str() +
+           (r.lines == grid::kShown ? " grid" : "") +
+           (r.area == picture_area::kDrawn ? " crop" : "") + " of " + r.design;
+  }
+  std::string operator()(const list_request& r) const { return "list " + r.library; }
+  std::string operator()(const help_request& /*r*/) const { return "help"; }
+  std::string operator()(const version_request& /*r*/) const { return "version"; }
+  std::string operator()(const usage_error& r) const { return "error " + r.text; }
+};
+
 std::string Parse(const arguments& words) {
-  static const char* const verbs[] = {"window", "generate", "check",  "render",
-                                      "list",   "help",     "version"};
-  const auto parsed = ParseCommandLine(words);
-  if (const auto* wrong = std::get_if<usage_error>(&parsed)) return "error " + wrong->text;
-  const command_line& asked = std::get<command_line>(parsed);
-  std::ostringstream text;
-  text << verbs[static_cast<int>(asked.action)];
-  if (!asked.output.empty()) text << " output " << asked.output;
-  if (asked.tools == tool_steps::kPreprocess) text << " preprocess";
-  if (asked.tools == tool_steps::kProgram) text << " program " << asked.location;
-  if (asked.scale != 1) text << " scale " << asked.scale;
-  if (asked.lines == grid::kShown) text << " grid";
-  if (asked.area == picture_area::kDrawn) text << " crop";
-  if (!asked.names.empty()) text << " names";
-  for (const std::string& name : asked.names) text << ' ' << name;
-  return text.str();
+  return std::visit(request_words(), ParseCommandLine(words));
 }
 
 std::string Defaults(const arguments& words) {

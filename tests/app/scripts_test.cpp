@@ -197,11 +197,11 @@ class program_player {
                     .exec_path = "/bin tools/",
                     .asm_exe = "asm",
                     .pre_exe = "pre",
-                    .dravik_i2c = "0x30",
-                    .run_opt = Number(words[0])};
+                    .dravik_i2c = "0x30"};
     for (std::size_t i = 3; i < words.size(); ++i) runner_.codes.push_back(Number(words[i]));
     const auto location = words[1] == "ram" ? std::nullopt : std::optional(Number(words[1]));
-    const auto result = RunToolchain(words[2], location, {app_.options, runner_, desk_});
+    const auto result = RunToolchain({words[2], run_option{Number(words[0])}, location},
+                                     {app_.options, runner_, desk_});
     const char* const names[] = {"done", "failed", "not started"};
     Show(names[static_cast<int>(result)] + std::string(runner_.codes.size(), '+'));
   }
@@ -230,7 +230,7 @@ class program_player {
          std::to_string(work_.undo.records.size()) + " undo records, " +
          (design_.unsaved_changes ? "unsaved" : "saved") + ", next id " +
          std::to_string(design_.next_block_id) + ", file [" + design_.file_name + "], run option " +
-         std::to_string(app_.options.run_opt));
+         std::to_string(static_cast<int>(app_.options.run_opt)));
   }
   void ShowDrawing(grid lines) {
     recording_painter canvas;
