@@ -2,6 +2,7 @@
 // and a folder of its own.
 #include <sys/resource.h>
 
+#include <array>
 #include <csignal>
 #include <deque>
 
@@ -55,6 +56,13 @@ blockdef Amp() {
           .params = {{5, "Gain", "", "1", ""}, {6, "Mode", "", "x", ""}, {7, "Gain", "", "2", ""}}};
 }
 
+net NetAcross(int x) {
+  net wire;
+  wire.x_1 = x;
+  wire.y_2 = 5;
+  return wire;
+}
+
 // No file grows while the disk is full.
 void LimitFiles(rlim_t bytes) {
   rlimit limits{};
@@ -64,12 +72,30 @@ void LimitFiles(rlim_t bytes) {
   setrlimit(RLIMIT_FSIZE, &limits);
 }
 
-int Number(const std::string& word) {
-  return std::stoi(word);
+// Whether `call` goes on what `line` began; the line then tells of both.
+bool Joins(std::string& line, const std::string& call) {
+  if (line.starts_with("status 0 ") && call.starts_with("status 1 ")) {
+    line = "status [" + line.substr(9) + '|' + call.substr(9);
+  } else if (line.starts_with("status [") && call.starts_with("status 2 ")) {
+    line += '|' + call.substr(9) + ']';
+  } else if (line == "pointer normal" && call == "status 0 ") {
+    line = "pointer normal, status [";
+  } else if (line == "pointer normal, status [" && call == "status 1 ") {
+    line += '|';
+  } else if (line == "pointer normal, status [|" && call == "status 2 ") {
+    line = "rest";
+  } else if (line == "disable main window" && call.starts_with("open window ")) {
+    line = call.substr(5);
+  } else if (line.starts_with("close window ") && call == "enable main window") {
+    line = "closed " + line.substr(13);
+  } else {
+    return false;
+  }
+  return true;
 }
 
 point Point(const std::string& word) {
-  return {Number(word), Number(word.substr(word.find(',') + 1))};
+  return {Number(word, ","), Number(word.substr(word.find(',') + 1))};
 }
 
 // The last word may name it.
@@ -80,24 +106,18 @@ host_kind Host(const arguments& words) {
 class program_player {
  public:
   // What a command leads to. "F/" is the folder, "TITLE " the prefix of the title; the reset before
-  // a menu command is left out, and the three status fields are one line.
+  // a menu command is left out, and calls that always come together are one line.
   std::vector<std::string> Do(arguments words) {
     for (std::string& word : words) {
       if (word.starts_with("F/")) word.replace(0, 2, folder_.Path());
     }
     calls_.clear();
-    commands_.at(TakeFirst(words))(words);
+    Named(commands_, TakeFirst(words))(words);
     std::vector<std::string> lines;
     for (const std::string& call : calls_) {
-      if (call.starts_with("status 0 ")) {
-        lines.push_back("status [" + call.substr(9));
-      } else if (call.starts_with("status ") && !lines.empty() &&
-                 lines.back().starts_with("status [") && !lines.back().ends_with(']')) {
-        lines.back() += '|' + call.substr(9) + (call[7] == '2' ? "]" : "");
-      } else {
-        lines.push_back(Replaced(Replaced(call, folder_.Path(), "F/"), Title(""), "TITLE "));
-        lines.back() = Replaced(lines.back(), "\r", "\\r");
-      }
+      if (!lines.empty() && Joins(lines.back(), call)) continue;
+      lines.push_back(Replaced(Replaced(call, folder_.Path(), "F/"), Title(""), "TITLE "));
+      lines.back() = Replaced(lines.back(), "\r", "\\r");
     }
     return lines;
   }
@@ -150,7 +170,7 @@ class program_player {
         {"about", &menu_ids::about},
         {"quit", &menu_ids::quit}};
     const std::size_t plus = name.find('+');
-    Choose(app_.ids.*ids.at(name.substr(0, plus)) +
+    Choose(app_.ids.*Named(ids, name.substr(0, plus)) +
            (plus == std::string::npos ? 0 : Number(name.substr(plus))));
   }
 
@@ -237,6 +257,23 @@ class program_player {
     DrawDesign(canvas, design_, {app_.libraries, metrics_, lines});
     for (const std::string& shape : canvas.shapes) ShowLine(shape);
   }
+  // Of the straight lines of each pen, in order of their first: how many, the first and the last.
+  void ShowLines() {
+    recording_painter canvas;
+    DrawDesign(canvas, design_, {app_.libraries, metrics_, grid::kShown});
+    std::vector<std::array<std::string, 3>> runs;  // pen, first, last
+    std::map<std::string, int> counts;
+    for (const std::string& shape : canvas.shapes) {
+      if (!shape.starts_with("line ")) continue;
+      const std::size_t end = shape.find(' ', 5);
+      const std::string at = shape.substr(5, end - 5), pen = shape.substr(end + 1);
+      if (++counts[pen] == 1) runs.push_back({pen, at, at});
+      std::ranges::find(runs, pen, [](const auto& run) { return run[0]; })->at(2) = at;
+    }
+    for (const auto& [pen, first, last] : runs) {
+      Show(std::to_string(counts[pen]) + " lines " + pen + " from " + first + " to " + last);
+    }
+  }
   void ShowExtent() {
     const auto reach = DrawnExtent(design_, {app_.libraries, metrics_, grid::kShown});
     std::ostringstream out;
@@ -306,6 +343,10 @@ class program_player {
       {"block", [this](a w) { AddBlock(Point(w[0])); }},
       {"bare", [this](a w) { AddBlock(Point(w[0])).params.clear(); }},
       {"net", [this](a w) { AddNet(w); }},
+      {"nets",
+       [this](a w) {
+         for (int x = 0; x < Number(w[0]); ++x) design_.nets.Append(NetAcross(x));
+       }},
       {"note", [this](a w) { AddNote(Point(w[0]), w[1]); }},
       {"have", [this](a w) { WithSnapshot(w[0], [this](const auto& read) { Append(read); }); }},
       {"record",
@@ -337,6 +378,7 @@ class program_player {
       {"menus", [this](a w) { ShowMenus(Host(w)); }},
       {"about", [this](a w) { Show(Describe(AboutWindow(Number(w[0]), w[1]))); }},
       {"draw", [this](a w) { ShowDrawing(w.empty() ? grid::kHidden : grid::kShown); }},
+      {"lines", [this](a) { ShowLines(); }},
       {"configuration",
        [this](a) {
          Show(app_.options.pre_exe + ' ' + app_.options.asm_exe);
@@ -349,9 +391,7 @@ class program_player {
   };
 };
 
-TEST(Scripts, BringAboutWhatTheySay) {
-  ExpectScripts<program_player>("scripts");
-}
+const bool kRegistered = RegisterScripts<program_player>("Scripts", "scripts");
 
 }  // namespace
 }  // namespace mardel

@@ -122,9 +122,7 @@ class host_player {
   };
 };
 
-TEST(HostScripts, BringAboutWhatTheySay) {
-  ExpectScripts<host_player>("host");
-}
+const bool kRegistered = RegisterScripts<host_player>("HostScripts", "host");
 
 }  // namespace
 }  // namespace mardel

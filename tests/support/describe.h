@@ -56,6 +56,18 @@ inline std::string Line(const undo_record& record) {
          std::to_string(static_cast<int>(record.action)) + ' ' + kept;
 }
 
+// A line for each branch: how many leaves it has, the first and the last.
+inline std::string Describe(const std::vector<tree_item>& tree) {
+  std::string text;
+  for (std::size_t i = 0, end = 0; i < tree.size(); i = end) {
+    end = i + 1;
+    while (end < tree.size() && tree[end].level > 0) ++end;
+    text += '\n' + tree[i].text + ": " + std::to_string(end - i - 1) + " from " + tree[i + 1].text +
+            " to " + tree[end - 1].text;
+  }
+  return text;
+}
+
 inline std::string Line(const gadget& shown) {
   constexpr const char* kKinds[] = {"label",  "centred",        "caption", "field",
                                     "editor", "text",           "box",     "option",
@@ -67,8 +79,7 @@ inline std::string Line(const gadget& shown) {
   if (shown.ink != 0) text += ' ' + Describe(shown.ink);
   if (!shown.tooltip.empty()) text += " tip " + shown.tooltip;
   if (shown.checked) text += " checked";
-  for (const tree_item& each : shown.items) text += (each.level == 0 ? "\n" : "\n  ") + each.text;
-  return text;
+  return text + Describe(shown.items);
 }
 
 inline std::string Describe(const window& shown) {

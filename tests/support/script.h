@@ -4,10 +4,13 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <functional>
 #include <map>
 #include <sstream>
+#include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "tests/support/files.h"
@@ -55,6 +58,27 @@ inline std::string Replaced(std::string text, const std::string& from, const std
   return text;
 }
 
+// A misspelt word, which tells itself.
+class unknown_word : public std::runtime_error {
+ public:
+  explicit unknown_word(const std::string& word) : std::runtime_error('"' + word + '"') {}
+};
+
+template <class value>
+const value& Named(const std::map<std::string, value>& values, const std::string& word) {
+  const auto found = values.find(word);
+  return found != values.end() ? found->second : throw unknown_word(word);
+}
+
+// A number at the start of a word, in front of `rest` or its end.
+inline int Number(const std::string& word, const char* rest = "") {
+  char* end = nullptr;
+  const long value = std::strtol(word.c_str(), &end, 10);
+  const bool is_good = end != word.c_str() && std::string_view(end).starts_with(rest);
+  if (!is_good || (*rest == '\0' && *end != '\0')) throw unknown_word(word);
+  return static_cast<int>(value);
+}
+
 // The table is tests/fixtures/tables/`name`: each line is a function, its arguments, its result.
 inline void ExpectTable(const std::string& name, const table_functions& functions) {
   std::istringstream lines(ReadAll(MARDEL_SOURCE_DIR "/tests/fixtures/tables/" + name));
@@ -63,30 +87,52 @@ inline void ExpectTable(const std::string& name, const table_functions& function
     arguments words = Words(line);
     const std::string function = TakeFirst(words), result = words.at(words.size() - 1);
     words.pop_back();
-    EXPECT_EQ(functions.at(function)(words), result) << line;
+    EXPECT_EQ(Named(functions, function)(words), result) << line;
   }
 }
 
-// Plays each script of tests/fixtures/`kind` with a player of its own: an unindented line is a
-// command, the indented lines below it are all that it is to bring about. `Do` takes the words of a
-// command and returns those lines.
+// Plays a script with a player of its own: an unindented line is a command, the indented lines
+// below it are all that it is to bring about. `Do` takes the words of a command and returns those
+// lines.
 template <class player>
-void ExpectScripts(const std::string& kind) {
-  for (const auto& file : Fixtures(kind)) {
-    const std::string script = ReadAll(file);
-    std::istringstream lines(script);
-    std::string played;
-    player run;
-    for (std::string line; std::getline(lines, line);) {
-      if (line.starts_with("  ")) continue;
-      played += line + '\n';
-      if (line.empty() || line.starts_with('#')) continue;
+void PlayScript(const std::string& file) {
+  const std::string script = ReadAll(file);
+  std::istringstream lines(script);
+  std::string played;
+  player run;
+  int number = 0;
+  for (std::string line; std::getline(lines, line);) {
+    ++number;
+    if (line.starts_with("  ")) continue;
+    played += line + '\n';
+    if (line.empty() || line.starts_with('#')) continue;
+    try {
       for (const std::string& each : run.Do(Words(line))) {
         played += "  " + Replaced(each, "\n", "\n  ") + '\n';
       }
+    } catch (const std::exception& wrong) {
+      FAIL() << file << ':' << number << ": " << wrong.what() << " in: " << line;
     }
-    EXPECT_EQ(played, script) << file;
   }
+  EXPECT_EQ(played, script) << file;
+}
+
+// Makes each script of tests/fixtures/`kind` a test named after it.
+template <class player>
+bool RegisterScripts(const char* suite, const std::string& kind) {
+  class script_test : public testing::Test {
+   public:
+    explicit script_test(std::string file) : file_(std::move(file)) {}
+    void TestBody() override { PlayScript<player>(file_); }
+
+   private:
+    std::string file_;
+  };
+  for (const auto& file : Fixtures(kind)) {
+    testing::RegisterTest(suite, file.stem().c_str(), nullptr, nullptr, file.c_str(), 1,
+                          [file]() -> testing::Test* { return new script_test(file.string()); });
+  }
+  return true;
 }
 
 }  // namespace mardel
