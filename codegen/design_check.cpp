@@ -9,8 +9,9 @@ message Problem(const char* title, std::string text) {
   return {title, std::move(text), message_buttons::kOk, message_icon::kStop};
 }
 
-std::string Mismatch(const net& wire,
-                     const std::unordered_map<std::int64_t, std::string_view>& names) {
+using block_names = std::unordered_map<std::int64_t, std::string_view, id_hash>;
+
+std::string Mismatch(const net& wire, const block_names& names) {
   const auto name_of = [&](std::int64_t id) {
     const auto found = names.find(id);
     return found == names.end() ? std::string() : std::string(found->second);
@@ -63,7 +64,7 @@ std::vector<design_problem> FindTypeMismatches(const design& document, const net
   }
   if (found.empty()) return found;
 
-  std::unordered_map<std::int64_t, std::string_view> names;
+  block_names names;
   for (const dvblock& block : document.blocks) names.emplace(block.id, block.sub);
   for (design_problem& problem : found) {
     problem.report = Problem("Net Error", Mismatch(*problem.wire, names));

@@ -12,8 +12,8 @@ namespace {
 // What all definitions of one (lib, sub) say together: of equal names the last one in list order.
 struct linkage {
   const blockdef* last = nullptr;
-  std::unordered_map<std::string_view, const pin*> pins;
-  std::unordered_map<std::string_view, const param*> params;
+  std::unordered_map<std::string_view, const pin*, text_hash> pins;
+  std::unordered_map<std::string_view, const param*, text_hash> params;
 };
 
 linkage Link(const library_set& libraries, std::span<const std::size_t> definitions) {
@@ -68,7 +68,7 @@ void DeleteWhere(cursor_list<T>& list, predicate is_meant) {
 // What is to be said about the blocks that were removed.
 std::vector<message> RelinkBlocks(design& document, const library_set& libraries) {
   std::unordered_map<const std::size_t*, linkage> links;
-  std::unordered_set<std::int64_t> removed_ids;
+  std::unordered_set<std::int64_t, id_hash> removed_ids;
   std::vector<message> missing;
   DeleteWhere(document.blocks, [&](dvblock& block) {
     const auto definitions = libraries.FindDefinitions(block.lib, block.sub);

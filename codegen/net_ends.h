@@ -3,12 +3,12 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <string_view>
 #include <vector>
 
 #include "codegen/numbering.h"
 #include "editor/design.h"
+#include "platform/hash.h"
 
 namespace mardel {
 
@@ -20,8 +20,7 @@ struct net_end {
 
 struct net_end_hash {
   std::uint64_t operator()(const net_end& end) const {
-    return MixBits(MixBits(static_cast<std::uint64_t>(end.block_id)) ^
-                   std::hash<std::string_view>{}(end.pin_name));
+    return HashWord(id_hash{}(end.block_id) ^ text_hash{}(end.pin_name));
   }
 };
 

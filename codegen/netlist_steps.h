@@ -47,7 +47,7 @@ struct register_block {
 };
 
 // The last register block of each id. Those of the pool are no longer free.
-using register_blocks = std::unordered_map<std::int64_t, register_block>;
+using register_blocks = std::unordered_map<std::int64_t, register_block, id_hash>;
 register_blocks TakeNamedRegisters(const design& document, register_pool& pool);
 
 // Register blocks name the nodes that they are wired to, the last one in block order where there

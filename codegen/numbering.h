@@ -11,13 +11,6 @@ namespace mardel {
 
 constexpr std::uint32_t kNoNumber = std::numeric_limits<std::uint32_t>::max();
 
-// Spreads the bits of a hash over the whole word.
-constexpr std::uint64_t MixBits(std::uint64_t bits) {
-  constexpr std::uint64_t kOddFraction = 0x9E3779B97F4A7C15U;  // of the golden ratio
-  bits *= kOddFraction;
-  return (bits ^ bits >> 32U) * kOddFraction;
-}
-
 // Distinct keys get 0, 1, 2, ... in the order in which they are first seen. `hash` gives 64 bits.
 template <class key, class hash>
 class numbering {
@@ -55,13 +48,6 @@ class numbering {
 
   std::vector<key> keys_;
   std::vector<std::uint32_t> slots_;
-};
-
-// Of a block's or a net's id.
-struct id_hash {
-  std::uint64_t operator()(std::int64_t id) const {
-    return MixBits(static_cast<std::uint64_t>(id));
-  }
 };
 
 }  // namespace mardel

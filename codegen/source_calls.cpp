@@ -4,6 +4,7 @@
 #include <tuple>
 
 #include "codegen/numbering.h"
+#include "platform/hash.h"
 
 namespace mardel {
 namespace {
@@ -15,8 +16,7 @@ struct numbered_pin {
 
 struct numbered_pin_hash {
   std::uint64_t operator()(const numbered_pin& of) const {
-    return MixBits(MixBits(static_cast<std::uint64_t>(of.block_id)) ^
-                   static_cast<std::uint64_t>(of.pin_num));
+    return HashWord(id_hash{}(of.block_id) ^ static_cast<std::uint64_t>(of.pin_num));
   }
 };
 

@@ -4,6 +4,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/hash.h"
+
 namespace mardel {
 
 namespace {
@@ -32,9 +34,11 @@ struct doomed {
   std::vector<listed_net> nets;
 };
 
-// By the ids of the selected blocks.
-std::unordered_map<std::int64_t, doomed> FindDoomed(design& document) {
-  std::unordered_map<std::int64_t, doomed> found;
+// Of the selected blocks.
+using doomed_by_id = std::unordered_map<std::int64_t, doomed, id_hash>;
+
+doomed_by_id FindDoomed(design& document) {
+  doomed_by_id found;
   for (const dvblock& block : document.blocks) {
     if (block.selected) found.try_emplace(block.id);
   }
@@ -64,7 +68,7 @@ std::vector<std::int64_t> SelectedIds(const design& document) {
 }  // namespace
 
 void DeleteSelectedBlocks(design& document, undo_stack& undo) {
-  std::unordered_map<std::int64_t, doomed> found = FindDoomed(document);
+  doomed_by_id found = FindDoomed(document);
   std::vector<bool> is_gone(document.nets.size());  // with the block at its other end
   for (const std::int64_t id : SelectedIds(document)) {
     // Nothing is left of an id that several blocks had.

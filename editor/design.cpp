@@ -5,6 +5,8 @@
 #include <unordered_map>
 #include <utility>
 
+#include "platform/hash.h"
+
 namespace mardel {
 
 namespace {
@@ -66,7 +68,7 @@ void UpdateNetEnds(design& document, const dvblock& block) {
 }
 
 void UpdateNetEndsOfSelection(design& document) {
-  std::unordered_map<std::int64_t, const dvblock*> selected;
+  std::unordered_map<std::int64_t, const dvblock*, id_hash> selected;
   for (const dvblock& block : document.blocks) {
     if (block.selected) selected.insert_or_assign(block.id, &block);
   }

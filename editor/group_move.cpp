@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "editor/status_line.h"
+#include "platform/hash.h"
 
 namespace mardel {
 namespace {
@@ -47,7 +48,7 @@ point WayBack(const extent& moved) {
   return {kLastColumn - (moved.left + moved.right), kLastRow - (moved.top + moved.bottom)};
 }
 
-using nets_by_block = std::unordered_map<std::int64_t, std::vector<const net*>>;
+using nets_by_block = std::unordered_map<std::int64_t, std::vector<const net*>, id_hash>;
 
 // Of the selected blocks.
 nets_by_block IndexNets(const design& document) {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "library/records.h"
+#include "platform/hash.h"
 #include "platform/menu.h"
 #include "platform/painter.h"
 
@@ -51,12 +52,6 @@ class library_set {
   void RegisterStaged(const std::string& title, menu_builder& builder);
 
  private:
-  struct text_hash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view text) const {
-      return std::hash<std::string_view>{}(text);
-    }
-  };
   template <class value>
   using text_map = std::unordered_map<std::string, value, text_hash, std::equal_to<>>;
 

@@ -10,6 +10,8 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "platform/hash.h"
+
 namespace mardel {
 
 // "Arial" at kCanvasTextSize.
@@ -30,9 +32,6 @@ class text_layouts {
   struct kept_layout {
     double width = 0;
     std::unique_ptr<QTextLayout> layout;
-  };
-  struct text_hash : std::hash<std::string_view> {
-    using is_transparent = void;
   };
 
   const QTextLayout& Find(std::string_view text, double width, const QTextOption& option);
