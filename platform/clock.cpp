@@ -2,7 +2,6 @@
 
 #include <charconv>
 #include <cstdlib>
-#include <ctime>
 #include <optional>
 #include <string_view>
 
@@ -25,13 +24,17 @@ date_time Fields(const std::tm& t) {
 
 }  // namespace
 
+date_time LocalTime(std::time_t moment) {
+  std::tm fields{};
+  localtime_r(&moment, &fields);
+  return Fields(fields);
+}
+
 date_time host_clock::Now() const {
   std::tm fields{};
   const std::optional<std::time_t> fixed = FixedTime();
   if (fixed && gmtime_r(&*fixed, &fields) != nullptr) return Fields(fields);
-  const std::time_t now = std::time(nullptr);
-  localtime_r(&now, &fields);
-  return Fields(fields);
+  return LocalTime(std::time(nullptr));
 }
 
 }  // namespace mardel

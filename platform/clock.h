@@ -1,6 +1,8 @@
 // The time of day.
 #pragma once
 
+#include <ctime>
+
 namespace mardel {
 
 // Fields as people write them: month 1 to 12, year in full.
@@ -8,6 +10,9 @@ struct date_time {
   int year = 0, month = 0, day = 0;
   int hour = 0, minute = 0, second = 0;
 };
+
+// In the time zone of the host.
+date_time LocalTime(std::time_t moment);
 
 class clock {
  public:

@@ -73,11 +73,6 @@ void TakeOver(const descriptor& file, const old_file& old) {
   fchmod(file.Number(), old.status.st_mode & 07777U);
 }
 
-void FlushFolder(const std::string& path) {
-  const descriptor folder(open(FolderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (folder.IsOpen()) fsync(folder.Number());
-}
-
 bool IsFullDisk(int error) {
   return error == ENOSPC || error == EDQUOT || error == EIO || error == EFBIG;
 }

@@ -1,13 +1,12 @@
 #include "platform/temporary.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <utility>
 
+#include "platform/file_lock.h"
 #include "platform/files.h"
 #include "platform/utf8.h"
 
@@ -29,46 +28,26 @@ std::string TemporaryPath(const std::string& target, int number) {
   return FolderOf(target) + "." + std::string(stem) + ".mardel-" + std::to_string(number) + ".tmp";
 }
 
-bool IsNamed(const descriptor& file, const std::string& path) {
-  struct stat open_one {};
-  struct stat named {};
-  return fstat(file.Number(), &open_one) == 0 && lstat(path.c_str(), &named) == 0 &&
-         open_one.st_dev == named.st_dev && open_one.st_ino == named.st_ino;
-}
-
-// File systems without locks leave the temporary unprotected.
-bool Lock(const descriptor& file) {
-  return flock(file.Number(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
-}
-
 // False when something stands there that is in use or can't be removed.
 bool RemoveLeftover(const std::string& path) {
   const descriptor leftover(open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
   if (!leftover.IsOpen()) return errno == ENOENT;
   // Whoever holds the lock on what has this name is alone in renaming or removing it.
-  return Lock(leftover) && IsNamed(leftover, path) && unlink(path.c_str()) == 0;
+  return LockOpenFile(leftover) && IsNamed(leftover, path) && unlink(path.c_str()) == 0;
 }
 
 temporary MakeAt(const std::string& path, mode_t mode) {
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     descriptor made(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
     if (!made.IsOpen() && errno != EEXIST) return {descriptor(), path, errno};
-    if (made.IsOpen() && Lock(made) && IsNamed(made, path)) return {std::move(made), path, 0};
+    if (made.IsOpen() && LockOpenFile(made) && IsNamed(made, path))
+      return {std::move(made), path, 0};
     if (!made.IsOpen() && !RemoveLeftover(path)) break;
   }
   return {descriptor(), path, EEXIST};
 }
 
 }  // namespace
-
-descriptor& descriptor::operator=(descriptor&& other) noexcept {
-  std::swap(number_, other.number_);
-  return *this;
-}
-
-descriptor::~descriptor() {
-  if (IsOpen()) close(number_);
-}
 
 temporary MakeTemporary(const std::string& target, mode_t mode) {
   temporary made{descriptor(), {}, EEXIST};
@@ -82,6 +61,11 @@ temporary MakeTemporary(const std::string& target, mode_t mode) {
     if (!made.file.IsOpen() && made.error != EEXIST) break;
   }
   return made;
+}
+
+void FlushFolder(const std::string& path) {
+  const descriptor folder(open(FolderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (folder.IsOpen()) fsync(folder.Number());
 }
 
 std::string FolderOf(std::string_view path) {

@@ -9,21 +9,9 @@
 #include <string>
 #include <string_view>
 
+#include "platform/descriptor.h"
+
 namespace mardel {
-
-// Owns an open file descriptor; -1 is none.
-class descriptor {
- public:
-  explicit descriptor(int number = -1) : number_(number) {}
-  descriptor(descriptor&& other) noexcept : number_(other.number_) { other.number_ = -1; }
-  descriptor& operator=(descriptor&& other) noexcept;
-  ~descriptor();
-  int Number() const { return number_; }
-  bool IsOpen() const { return number_ >= 0; }
-
- private:
-  int number_;
-};
 
 struct temporary {
   descriptor file;  // for writing; not open when none could be made
@@ -36,5 +24,8 @@ temporary MakeTemporary(const std::string& target, mode_t mode);
 
 // The path up to and with its last "/"; "./" when it has none.
 std::string FolderOf(std::string_view path);
+
+// So that a new name beside `path` outlives a power failure.
+void FlushFolder(const std::string& path);
 
 }  // namespace mardel

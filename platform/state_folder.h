@@ -1,0 +1,24 @@
+// The folder where the program keeps what is not the user's own file, and folders below it.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace mardel {
+
+// "mardel/" where this user's programs keep their state: below XDG_STATE_HOME, else below
+// "~/.local/state/". "" when the system can't name it. It need not exist.
+std::string StateFolder();
+
+enum class folder_reader { kAnyone, kOwner };
+
+// Makes the folder, which ends in "/", and those that lead to it; true when it is there then.
+bool MakeFolders(const std::string& path, folder_reader reader);
+
+// Makes one folder that only its owner reads. False when something has its name.
+bool MakeNewFolder(const std::string& path);
+
+// Names of the folders in `folder`, links left out.
+std::vector<std::string> ListFolders(const std::string& folder);
+
+}  // namespace mardel
