@@ -19,7 +19,8 @@ struct menu_item {
   int id = 0;  // carried by the menu_chosen event
   std::string shortcut;  // "Ctrl+Shift+S" in the toolkit's portable notation, or ""
   menu_role role = menu_role::kNone;
-  std::vector<menu_item> items;  // of a submenu
+  std::vector<menu_item> items = {};  // of a submenu
+  std::string tooltip = {};           // plain text
 };
 
 struct menu {

@@ -2,6 +2,7 @@
 // line with standard error, a test with a script.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -50,15 +51,17 @@ struct tree_item {
 struct gadget {
   int id = 0;  // unique in the window; 0 for gadgets that nothing asks about
   gadget_kind kind = gadget_kind::kLabel;
-  rectangle place;   // in the window, pixels
-  std::string text;  // plain text; of an image: PNG bytes
-  std::string tooltip = {};
+  rectangle place;                    // in the window, pixels
+  std::string text;                   // plain text; of an image: PNG bytes
+  std::string tooltip = {};           // plain text
   bool checked = false;               // of a check box or an option
   colour ink = 0;                     // of a label's text; 0 is the desktop's own colour
   std::vector<tree_item> items = {};  // of a tree
 };
 
 enum class window_modality { kModal, kModeless };
+// In a resizable window trees and texts take what the window grows by.
+enum class window_sizing { kFixed, kResizable };
 
 struct window {
   std::string title;
@@ -66,6 +69,8 @@ struct window {
   int height = 0;
   std::vector<gadget> gadgets;  // in Tab order
   window_modality modality = window_modality::kModal;
+  window_sizing sizing = window_sizing::kFixed;
+  std::optional<rectangle> beside = {};  // what it should not cover, canvas pixels
 };
 
 class message_boxes {
@@ -109,8 +114,8 @@ class secondary_windows {
   // disables the main window first.
   virtual int OpenWindow(const window& contents) = 0;
   virtual void CloseWindow(int number) = 0;
-  // Of a text field or editor: its text, line breaks as "\n", without characters that XML can't
-  // hold.
+  // Of a text field or editor: its text, as it was set when it was not edited; else with line
+  // breaks as "\n" and without characters that XML can't hold.
   virtual std::string GadgetText(int number, int gadget_id) const = 0;
   virtual void SetGadgetText(int number, int gadget_id, const std::string& text) = 0;
   virtual bool GadgetChecked(int number, int gadget_id) const = 0;
