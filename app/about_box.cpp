@@ -29,15 +29,11 @@ window AboutWindow(int system_version_code, const std::string& processor) {
           }};
 }
 
+// kept: only its button closes the box.
 void OpenAbout(program& app) {
-  app.outside.desk.DisableMainWindow();
-  app.about_window = app.outside.desk.OpenWindow(AboutWindow(HostVersionCode(), ProcessorBrand()));
-}
-
-void CloseAbout(program& app) {
-  app.outside.desk.CloseWindow(app.about_window);
-  app.about_window = 0;
-  app.outside.desk.EnableMainWindow();
+  open_windows& windows = app.work.windows;
+  windows.Open(AboutWindow(HostVersionCode(), ProcessorBrand()),
+               {.use = [&windows](const gadget_used& used) { windows.Close(used.window); }});
 }
 
 }  // namespace mardel

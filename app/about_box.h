@@ -10,6 +10,5 @@ namespace mardel {
 window AboutWindow(int system_version_code, const std::string& processor);
 
 void OpenAbout(program& app);
-void CloseAbout(program& app);
 
 }  // namespace mardel

@@ -36,7 +36,7 @@ gadget_id RunGadget(run_option shown) {
   return kSourceOnly;
 }
 
-void Store(settings& options, const ui& desk, int number) {
+void Store(settings& options, const secondary_windows& desk, int number) {
   options.files_path = desk.GadgetText(number, kFilesPath);
   options.libraries_path = desk.GadgetText(number, kLibrariesPath);
   options.exec_path = desk.GadgetText(number, kExecPath);
@@ -125,23 +125,17 @@ window ConfigurationWindow(const settings& options, const std::string& configura
 }
 
 void OpenConfiguration(program& app) {
-  app.outside.desk.DisableMainWindow();
-  app.configuration_window =
-      app.outside.desk.OpenWindow(ConfigurationWindow(app.options, app.configuration_path));
-}
-
-void HandleConfigurationGadget(program& app, const gadget_used& used) {
-  if (used.gadget == kOk) {
-    Store(app.options, app.outside.desk, used.window);
-    SaveConfiguration(app.options, app.configuration_path);
-  }
-  if (used.gadget == kOk || used.gadget == kCancel) CloseConfiguration(app);
-}
-
-void CloseConfiguration(program& app) {
-  app.outside.desk.CloseWindow(app.configuration_window);
-  app.configuration_window = 0;
-  app.outside.desk.EnableMainWindow();
+  open_windows& windows = app.work.windows;
+  const auto close = [&windows](int number) { windows.Close(number); };
+  const auto use = [&app, close](const gadget_used& used) {
+    if (used.gadget == kOk) {
+      Store(app.options, app.outside.desk, used.window);
+      SaveConfiguration(app.options, app.configuration_path);
+    }
+    if (used.gadget == kOk || used.gadget == kCancel) close(used.window);
+  };
+  windows.Open(ConfigurationWindow(app.options, app.configuration_path),
+               {.use = use, .close = close});
 }
 
 }  // namespace mardel

@@ -7,7 +7,8 @@
 #include "app/file_commands.h"
 #include "app/generation.h"
 #include "editor/canvas_input.h"
-#include "editor/dialogs.h"
+#include "editor/edit_commands.h"
+#include "editor/note_dialog.h"
 #include "library/block_directory.h"
 
 namespace mardel {
@@ -34,20 +35,18 @@ constexpr command kCommands[] = {
     {&menu_ids::preferences, OpenConfiguration},
     {&menu_ids::quit, [](program& app) { app.quit = true; }},
     {&menu_ids::show_grid, ToggleGrid},
-    {&menu_ids::add_text, [](program& app) { OpenAddNote(app.work, Surroundings(app)); }},
-    {&menu_ids::undo, [](program& app) { Undo(app.work, Surroundings(app)); }},
+    {&menu_ids::add_text, [](program& app) { OpenAddNote(app.work); }},
+    {&menu_ids::undo, [](program& app) { Undo(app.work); }},
     {&menu_ids::block_directory,
-     [](program& app) {
-       app.directory_windows.push_back(OpenBlockDirectory(app.libraries, app.outside.desk));
-     }},
+     [](program& app) { OpenBlockDirectory(app.libraries, app.work.windows); }},
     {&menu_ids::about, OpenAbout},
-    {&menu_ids::escape, [](program& app) { ResetInteraction(app.work, Surroundings(app)); }},
+    {&menu_ids::escape, [](program& app) { ResetInteraction(app.work); }},
 };
 
 }  // namespace
 
 void RunMenuCommand(program& app, int id) {
-  ResetInteraction(app.work, Surroundings(app));
+  ResetInteraction(app.work);
   app.outside.desk.Redraw();
   for (const command& each : kCommands) {
     if (app.ids.*each.id == id) return each.run(app);
@@ -56,7 +55,7 @@ void RunMenuCommand(program& app, int id) {
   if (location >= 0 && location < kProgramLocations) return Generate(app, location);
   if (id < app.ids.first_library_id || id > app.ids.last_library_id) return;
   const blockdef* definition = app.libraries.FindDefinition(id);
-  if (definition != nullptr) PlaceBlock(app.work, Surroundings(app), *definition);
+  if (definition != nullptr) PlaceBlock(app.work, *definition);
 }
 
 }  // namespace mardel

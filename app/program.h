@@ -25,7 +25,7 @@ struct edges {
 };
 
 struct program {
-  explicit program(const edges& reached) : outside(reached) {}
+  explicit program(const edges& reached) : outside(reached), work(reached.desk, reached.metrics) {}
 
   edges outside;
   settings options;
@@ -36,13 +36,6 @@ struct program {
   workspace work;
   grid grid_lines = grid::kHidden;
   bool quit = false;
-  int configuration_window = 0;  // 0 while closed
-  int about_window = 0;
-  std::vector<int> directory_windows;
 };
-
-inline surroundings Surroundings(const program& app) {
-  return {app.outside.desk, app.outside.metrics};
-}
 
 }  // namespace mardel

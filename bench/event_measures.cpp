@@ -5,7 +5,7 @@
 
 #include "bench/measures.h"
 #include "bench/window.h"
-#include "editor/canvas_input.h"
+#include "editor/edit_commands.h"
 
 namespace mardel {
 namespace {
@@ -28,18 +28,18 @@ void Select(design& document, std::size_t blocks) {
   document.has_selection = blocks > 0;
 }
 
-enum class gesture { kBlockDrag, kGroupDrag, kHover };
+enum class gesture_kind { kBlockDrag, kGroupDrag, kHover };
 
 struct gesture_row {
-  gesture what;
+  gesture_kind what;
   const char* name;
   std::size_t selected;
 };
 
 constexpr gesture_row kGestures[] = {
-    {gesture::kBlockDrag, "a move of a block drag", 0},
-    {gesture::kGroupDrag, "a move of a drag of 50 blocks", 50},
-    {gesture::kHover, "a move of a hover", 0},
+    {gesture_kind::kBlockDrag, "a move of a block drag", 0},
+    {gesture_kind::kGroupDrag, "a move of a drag of 50 blocks", 50},
+    {gesture_kind::kHover, "a move of a hover", 0},
 };
 
 void Drag(benchmark::State& state, const gesture_row& row, std::size_t blocks) {
@@ -55,11 +55,11 @@ void Drag(benchmark::State& state, const gesture_row& row, std::size_t blocks) {
       }
     };
     window.Run([&] {
-      if (row.what != gesture::kHover) window.Press(start);
+      if (row.what != gesture_kind::kHover) window.Press(start);
       TimeComputing(state, move, kMoves);
-      if (row.what != gesture::kHover) window.Release(start);
+      if (row.what != gesture_kind::kHover) window.Release(start);
     });
-    Undo(window.App().work, Surroundings(window.App()));
+    Undo(window.App().work);
     ClearSelection(document);
   }
 }
@@ -99,7 +99,7 @@ void Gesture(bench_window& window, int number) {
   }
   window.Move(start);
   window.Release(start);
-  Undo(work, Surroundings(window.App()));
+  Undo(work);
   window.Settle();
 }
 

@@ -13,11 +13,11 @@ namespace mardel {
 // before the deleted, or none when the first was deleted. So what is deleted and at once inserted
 // after the current element is back at its place. Walking, sorting and overwriting an element in
 // place do not change which one is current.
-template <class T>
+template <class element_type>
 class cursor_list {
  public:
-  using iterator = typename std::list<T>::iterator;
-  using const_iterator = typename std::list<T>::const_iterator;
+  using iterator = typename std::list<element_type>::iterator;
+  using const_iterator = typename std::list<element_type>::const_iterator;
 
   cursor_list() = default;
   cursor_list(cursor_list&& from) noexcept { *this = std::move(from); }
@@ -42,17 +42,17 @@ class cursor_list {
   bool empty() const { return elements_.empty(); }
 
   // The list must not be empty.
-  T& Last() { return elements_.back(); }
-  const T& Last() const { return elements_.back(); }
+  element_type& Last() { return elements_.back(); }
+  const element_type& Last() const { return elements_.back(); }
 
-  T& Append(T element) {
+  element_type& Append(element_type element) {
     elements_.push_back(std::move(element));
     current_ = std::prev(elements_.end());
     return *current_;
   }
 
   // At the front when there is no current element.
-  T& InsertAfterCurrent(T element) {
+  element_type& InsertAfterCurrent(element_type element) {
     const iterator next = current_ == elements_.end() ? elements_.begin() : std::next(current_);
     current_ = elements_.insert(next, std::move(element));
     return *current_;
@@ -70,8 +70,8 @@ class cursor_list {
   }
 
   // Keeps the order of elements that compare equal; the current element stays the same one.
-  template <class Less>
-  void SortStably(Less less) {
+  template <class order>
+  void SortStably(order less) {
     elements_.sort(less);
   }
 
@@ -81,7 +81,7 @@ class cursor_list {
   }
 
  private:
-  std::list<T> elements_;
+  std::list<element_type> elements_;
   iterator current_ = elements_.end();
 };
 

@@ -1,9 +1,11 @@
 #include "editor/deletion.h"
 
+#include <algorithm>
 #include <unordered_map>
 #include <utility>
 #include <vector>
 
+#include "editor/selected_nets.h"
 #include "platform/hash.h"
 
 namespace mardel {
@@ -23,36 +25,18 @@ void DeleteEach(cursor_list<record>& list, condition is_doomed, step before) {
   }
 }
 
-struct listed_net {
-  cursor_list<net>::iterator at;
-  std::size_t place = 0;  // in the list
-};
+using blocks_by_id =
+    std::unordered_map<std::int64_t, std::vector<cursor_list<dvblock>::iterator>, id_hash>;
 
-// What goes with one id, in list order.
-struct doomed {
-  std::vector<cursor_list<dvblock>::iterator> blocks;
-  std::vector<listed_net> nets;
-};
-
-// Of the selected blocks.
-using doomed_by_id = std::unordered_map<std::int64_t, doomed, id_hash>;
-
-doomed_by_id FindDoomed(design& document) {
-  doomed_by_id found;
+// Also blocks that are not selected but share the id of one that is.
+blocks_by_id BlocksOfSelection(design& document) {
+  blocks_by_id found;
   for (const dvblock& block : document.blocks) {
     if (block.selected) found.try_emplace(block.id);
   }
   for (auto block = document.blocks.begin(); block != document.blocks.end(); ++block) {
     const auto with = found.find(block->id);
-    if (with != found.end()) with->second.blocks.push_back(block);
-  }
-  std::size_t place = 0;
-  for (auto wire = document.nets.begin(); wire != document.nets.end(); ++wire, ++place) {
-    const auto first = found.find(wire->id_1);
-    if (first != found.end()) first->second.nets.push_back({wire, place});
-    if (wire->id_1 == wire->id_2) continue;
-    const auto second = found.find(wire->id_2);
-    if (second != found.end()) second->second.nets.push_back({wire, place});
+    if (with != found.end()) with->second.push_back(block);
   }
   return found;
 }
@@ -68,21 +52,29 @@ std::vector<std::int64_t> SelectedIds(const design& document) {
 }  // namespace
 
 void DeleteSelectedBlocks(design& document, undo_stack& undo) {
-  doomed_by_id found = FindDoomed(document);
+  blocks_by_id doomed = BlocksOfSelection(document);
+  nets_by_block touching = NetsOfSelection(document);
   std::vector<bool> is_gone(document.nets.size());  // with the block at its other end
   for (const std::int64_t id : SelectedIds(document)) {
     // Nothing is left of an id that several blocks had.
-    const doomed together = std::exchange(found.at(id), {});
-    for (const auto block : together.blocks) {
-      PushBlock(undo, *block, undo_action::kBlockDeleted);
+    for (const auto block : std::exchange(doomed.at(id), {})) {
+      Push(undo, *block, block_action::kDeleted);
       document.blocks.Delete(block);
     }
-    for (const auto& [wire, place] : together.nets) {
+    for (const auto& [wire, place] : std::exchange(touching.at(id), {})) {
       if (is_gone[place]) continue;
       is_gone[place] = true;
-      PushNet(undo, *wire, undo_action::kNetDeleted);
+      Push(undo, *wire, net_action::kDeleted);
       document.nets.Delete(wire);
     }
+  }
+}
+
+void DeleteSelectedNotes(design& document, undo_stack& undo) {
+  cursor_list<textblock>& notes = document.texts;
+  for (auto found = notes.begin();
+       (found = std::ranges::find_if(notes, &textblock::selected)) != notes.end();) {
+    DeleteNote(document, undo, found->id, recording::kOn);
   }
 }
 
@@ -91,12 +83,12 @@ void DeleteBlock(design& document, undo_stack& undo, std::int64_t id, recording 
   DeleteEach(
       document.blocks, [id](const dvblock& block) { return block.id == id; },
       [&](const dvblock& block) {
-        if (is_recorded) PushBlock(undo, block, undo_action::kBlockDeleted);
+        if (is_recorded) Push(undo, block, block_action::kDeleted);
       });
   DeleteEach(
       document.nets, [id](const net& wire) { return Touches(wire, id); },
       [&](const net& wire) {
-        if (is_recorded) PushNet(undo, wire, undo_action::kNetDeleted);
+        if (is_recorded) Push(undo, wire, net_action::kDeleted);
       });
 }
 
@@ -105,7 +97,7 @@ void DeleteNet(design& document, undo_stack& undo, std::int64_t net_id, recordin
       document.nets, [net_id](const net& wire) { return wire.net_id == net_id; },
       [&](const net& wire) {
         if (record == recording::kOff) return;
-        PushNet(undo, wire, undo_action::kNetDeleted);
+        Push(undo, wire, net_action::kDeleted);
         CloseGroup(undo);
       });
 }
@@ -114,7 +106,7 @@ void DeleteNote(design& document, undo_stack& undo, std::int64_t id, recording r
   DeleteEach(
       document.texts, [id](const textblock& note) { return note.id == id; },
       [&](const textblock& note) {
-        if (record == recording::kOn) PushNote(undo, note, undo_action::kNoteDeleted);
+        if (record == recording::kOn) Push(undo, note, note_action::kDeleted);
       });
 }
 

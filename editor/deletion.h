@@ -17,7 +17,9 @@ void DeleteNote(design& document, undo_stack& undo, std::int64_t id, recording r
 // Closes the undo group after each net that it records: nets are taken back one by one.
 void DeleteNet(design& document, undo_stack& undo, std::int64_t net_id, recording record);
 
-// Every selected block in list order as DeleteBlock does it, recorded, but in one pass.
+// Every selected block or note in list order, recorded, with all others of its id. Blocks are
+// deleted as by DeleteBlock, but in one pass.
 void DeleteSelectedBlocks(design& document, undo_stack& undo);
+void DeleteSelectedNotes(design& document, undo_stack& undo);
 
 }  // namespace mardel

@@ -2,48 +2,37 @@
 
 #include <algorithm>
 #include <cmath>
-#include <unordered_map>
-#include <utility>
-
-#include "platform/hash.h"
 
 namespace mardel {
 
 namespace {
 
 const pin* FindPin(const dvblock& block, std::string_view name) {
-  const auto found = std::find_if(block.pins.begin(), block.pins.end(),
-                                  [name](const pin& p) { return p.pin_name == name; });
+  const auto found = std::ranges::find(block.pins, name, &pin::pin_name);
   return found == block.pins.end() ? nullptr : &*found;
 }
 
-void MoveFirstEnd(net& wire, const dvblock& block) {
-  const pin* at = FindPin(block, wire.pin_1_name);
-  if (at == nullptr) return;
-  const point centre = PinCentre(block, *at);
-  wire.x_1 = centre.x;
-  wire.y_1 = centre.y;
+auto* FindBlockIn(auto& blocks, std::int64_t id) {
+  const auto found = std::ranges::find(blocks, id, &dvblock::id);
+  return found == blocks.end() ? nullptr : &*found;
 }
 
-void MoveSecondEnd(net& wire, const dvblock& block) {
-  const pin* at = FindPin(block, wire.pin_2_name);
+void FollowPin(std::int64_t& x, std::int64_t& y, const dvblock& block, std::string_view pin_name) {
+  const pin* at = FindPin(block, pin_name);
   if (at == nullptr) return;
   const point centre = PinCentre(block, *at);
-  wire.x_2 = centre.x;
-  wire.y_2 = centre.y;
+  x = centre.x;
+  y = centre.y;
 }
 
 }  // namespace
 
 const dvblock* FindBlock(const design& document, std::int64_t id) {
-  for (const dvblock& block : document.blocks) {
-    if (block.id == id) return &block;
-  }
-  return nullptr;
+  return FindBlockIn(document.blocks, id);
 }
 
 dvblock* FindBlock(design& document, std::int64_t id) {
-  return const_cast<dvblock*>(FindBlock(std::as_const(document), id));
+  return FindBlockIn(document.blocks, id);
 }
 
 std::string PinType(const design& document, std::int64_t block_id, std::string_view pin_name) {
@@ -60,25 +49,13 @@ bool Touches(const net& wire, std::int64_t block_id) {
   return wire.id_1 == block_id || wire.id_2 == block_id;
 }
 
-void UpdateNetEnds(design& document, const dvblock& block) {
-  for (net& wire : document.nets) {
-    if (wire.id_1 == block.id) MoveFirstEnd(wire, block);
-    if (wire.id_2 == block.id) MoveSecondEnd(wire, block);
-  }
+void UpdateNetEnds(net& wire, const dvblock& block) {
+  if (wire.id_1 == block.id) FollowPin(wire.x_1, wire.y_1, block, wire.pin_1_name);
+  if (wire.id_2 == block.id) FollowPin(wire.x_2, wire.y_2, block, wire.pin_2_name);
 }
 
-void UpdateNetEndsOfSelection(design& document) {
-  std::unordered_map<std::int64_t, const dvblock*, id_hash> selected;
-  for (const dvblock& block : document.blocks) {
-    if (block.selected) selected.insert_or_assign(block.id, &block);
-  }
-  if (selected.empty()) return;
-  for (net& wire : document.nets) {
-    const auto first = selected.find(wire.id_1);
-    if (first != selected.end()) MoveFirstEnd(wire, *first->second);
-    const auto second = selected.find(wire.id_2);
-    if (second != selected.end()) MoveSecondEnd(wire, *second->second);
-  }
+void UpdateNetEnds(design& document, const dvblock& block) {
+  for (net& wire : document.nets) UpdateNetEnds(wire, block);
 }
 
 void ClearSelection(design& document) {

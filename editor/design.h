@@ -25,6 +25,7 @@ struct dvblock {
 };
 
 constexpr colour kNetColour = Rgba(102, 0, 102);
+constexpr double kNetWidth = 2.0;  // as it is drawn
 
 struct net {
   std::int64_t net_id = 0;
@@ -70,10 +71,10 @@ std::string PinType(const design& document, std::int64_t block_id, std::string_v
 point PinCentre(const dvblock& block, const pin& of);
 bool Touches(const net& wire, std::int64_t block_id);
 
-// Puts every net end that lies on a pin of the block at the centre of that pin.
+// Puts each end of the net that lies on a pin of the block at the centre of that pin.
+void UpdateNetEnds(net& wire, const dvblock& block);
+// The same for every net.
 void UpdateNetEnds(design& document, const dvblock& block);
-// The same for all selected blocks in one pass over the nets.
-void UpdateNetEndsOfSelection(design& document);
 
 // Unselects all blocks and notes, with the selection flag; nets keep their highlight.
 void ClearSelection(design& document);

@@ -20,19 +20,6 @@ void AddRows(std::vector<gadget>& gadgets, const std::vector<param>& params) {
   }
 }
 
-// The last row of a name decides for all parameters of that name.
-void SetParams(dvblock& block, const workspace& work, const ui& desk) {
-  int row = kFirstRowGadget;
-  for (const param& named : block.params) {
-    const std::string typed = desk.GadgetText(work.dialog.number, row++);
-    for (param& each : block.params) {
-      if (each.param_name == named.param_name) each.param_value = typed;
-    }
-  }
-}
-
-}  // namespace
-
 window DeviceWindow(const dvblock& block) {
   const int rows_height = 20 * static_cast<int>(block.params.size());
   window shown = {"Device Info and Parameters", 440, rows_height + 260, {}};
@@ -54,18 +41,36 @@ window DeviceWindow(const dvblock& block) {
   return shown;
 }
 
-void ApplyDevice(workspace& work, const surroundings& outside) {
-  dvblock* block = TopmostOf(work.document.blocks, work.dialog.subject);
-  if (block == nullptr) return;
-  if (outside.desk.GadgetChecked(work.dialog.number, kDeleteGadget)) {
-    DeleteBlock(work.document, work.undo, block->id, recording::kOn);
-    CloseGroup(work.undo);
-    outside.desk.Redraw();
-    return;
+// The last row of a name decides for all parameters of that name.
+void SetParams(dvblock& block, const secondary_windows& desk, int number) {
+  int row = kFirstRowGadget;
+  for (const param& named : block.params) {
+    const std::string typed = desk.GadgetText(number, row++);
+    for (param& each : block.params) {
+      if (each.param_name == named.param_name) each.param_value = typed;
+    }
   }
-  PushBlock(work.undo, *block, undo_action::kBlockChanged);
+}
+
+void ApplyDevice(workspace& work, std::int64_t id, int number) {
+  dvblock* block = TopmostOf(work.document.blocks, id);
+  if (block == nullptr) return;
+  const secondary_windows& desk = work.windows.Desk();
+  if (desk.GadgetChecked(number, kDeleteGadget)) {
+    DeleteBlock(work.document, work.undo, id, recording::kOn);
+    CloseGroup(work.undo);
+    return work.canvas.Redraw();
+  }
+  Push(work.undo, *block, block_action::kChanged);
   CloseGroup(work.undo);
-  SetParams(*block, work, outside.desk);
+  SetParams(*block, desk, number);
+}
+
+}  // namespace
+
+void OpenDeviceDialog(workspace& work, const dvblock& block) {
+  OpenDialog(work, DeviceWindow(block),
+             {.apply = [&work, id = block.id](int number) { ApplyDevice(work, id, number); }});
 }
 
 }  // namespace mardel

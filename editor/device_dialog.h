@@ -5,9 +5,6 @@
 
 namespace mardel {
 
-window DeviceWindow(const dvblock& block);
-
-// On OK, while the window is open.
-void ApplyDevice(workspace& work, const surroundings& outside);
+void OpenDeviceDialog(workspace& work, const dvblock& block);
 
 }  // namespace mardel

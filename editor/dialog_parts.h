@@ -2,10 +2,12 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <utility>
 
 #include "editor/cursor_list.h"
+#include "editor/workspace.h"
 #include "platform/ui.h"
 
 namespace mardel {
@@ -35,13 +37,22 @@ inline gadget CancelButton(std::int64_t x, std::int64_t y) {
           .text = "Cancel"};
 }
 
-// The one on top where ids repeat, as it is the one that was clicked; null when there is none.
-template <class T>
-T* TopmostOf(cursor_list<T>& list, std::int64_t id) {
+// The record on top where ids repeat, as it is the one that was clicked; null when there is none.
+template <class record>
+record* TopmostOf(cursor_list<record>& list, std::int64_t id) {
   for (auto each = list.rbegin(); each != list.rend(); ++each) {
     if (each->id == id) return &*each;
   }
   return nullptr;
 }
+
+// What a window with OK and Cancel does; closing it is Cancel.
+struct dialog_steps {
+  std::function<void(int window)> apply;  // on OK, while the window is open
+  std::function<void()> after_ok = [] {};
+  std::function<void()> after_cancel = [] {};
+};
+
+void OpenDialog(workspace& work, const window& contents, const dialog_steps& steps);
 
 }  // namespace mardel

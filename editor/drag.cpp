@@ -5,53 +5,49 @@
 namespace mardel {
 namespace {
 
-template <class T>
-void Begin(workspace& work, drag_mode mode, const T& dragged, point at) {
-  work.hand.mode = mode;
-  work.hand.offset = {at.x - dragged.x, at.y - dragged.y};
-  work.document.unsaved_changes = true;
+point OffsetOf(const auto& dragged, point at) {
+  return {at.x - dragged.x, at.y - dragged.y};
 }
 
-template <class T>
-void Follow(const interaction& hand, T& dragged, point at) {
-  dragged.x = at.x - hand.offset.x;
-  dragged.y = at.y - hand.offset.y;
+void Follow(auto& dragged, point offset, point at) {
+  dragged.x = at.x - offset.x;
+  dragged.y = at.y - offset.y;
 }
 
 }  // namespace
 
-void BeginBlockDrag(workspace& work, point at) {
-  const dvblock& block = work.document.blocks.Last();
-  Begin(work, drag_mode::kBlock, block, at);
-  PushBlock(work.undo, block, undo_action::kBlockChanged);
+void BeginBlockDrag(workspace& work, const dvblock& block, point at) {
+  work.hand = block_drag{OffsetOf(block, at)};
+  work.document.unsaved_changes = true;
+  Push(work.undo, block, block_action::kChanged);
   for (const net& wire : work.document.nets) {
-    if (Touches(wire, block.id)) PushNet(work.undo, wire, undo_action::kNetMoved);
+    if (Touches(wire, block.id)) Push(work.undo, wire, net_action::kMoved);
   }
   CloseGroup(work.undo);
 }
 
-void DragBlock(workspace& work, const surroundings& outside, point at) {
+void DragBlock(workspace& work, const block_drag& hand, point at) {
   if (work.document.blocks.empty()) return;
   dvblock& block = work.document.blocks.Last();
-  Follow(work.hand, block, at);
+  Follow(block, hand.offset, at);
   UpdateNetEnds(work.document, block);
-  outside.desk.Redraw();
-  ShowPosition(outside.desk, {block.x, block.y});
+  work.canvas.Redraw();
+  ShowPosition(work.canvas, {block.x, block.y});
 }
 
-void BeginNoteDrag(workspace& work, point at) {
-  const textblock& note = work.document.texts.Last();
-  Begin(work, drag_mode::kNote, note, at);
-  PushNote(work.undo, note, undo_action::kNoteMoved);
+void BeginNoteDrag(workspace& work, const textblock& note, point at) {
+  work.hand = note_drag{OffsetOf(note, at)};
+  work.document.unsaved_changes = true;
+  Push(work.undo, note, note_action::kMoved);
   CloseGroup(work.undo);
 }
 
-void DragNote(workspace& work, const surroundings& outside, point at) {
+void DragNote(workspace& work, const note_drag& hand, point at) {
   if (work.document.texts.empty()) return;
   textblock& note = work.document.texts.Last();
-  Follow(work.hand, note, at);
-  outside.desk.Redraw();
-  ShowPosition(outside.desk, {note.x, note.y});
+  Follow(note, hand.offset, at);
+  work.canvas.Redraw();
+  ShowPosition(work.canvas, {note.x, note.y});
 }
 
 }  // namespace mardel

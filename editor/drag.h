@@ -5,10 +5,10 @@
 
 namespace mardel {
 
-// The dragged one is the last of its list, where the hit test of the press has put it.
-void BeginBlockDrag(workspace& work, point at);
-void DragBlock(workspace& work, const surroundings& outside, point at);
-void BeginNoteDrag(workspace& work, point at);
-void DragNote(workspace& work, const surroundings& outside, point at);
+// What is dragged is the last of its list, where the hit test of the press has put it.
+void BeginBlockDrag(workspace& work, const dvblock& block, point at);
+void DragBlock(workspace& work, const block_drag& hand, point at);
+void BeginNoteDrag(workspace& work, const textblock& note, point at);
+void DragNote(workspace& work, const note_drag& hand, point at);
 
 }  // namespace mardel

@@ -1,11 +1,9 @@
 #include "editor/group_move.h"
 
 #include <algorithm>
-#include <unordered_map>
-#include <vector>
 
+#include "editor/selected_nets.h"
 #include "editor/status_line.h"
-#include "platform/hash.h"
 
 namespace mardel {
 namespace {
@@ -19,8 +17,8 @@ struct extent {
   point corner = {kLastColumn, kLastRow};  // top-left of the selection, where it is on the canvas
 };
 
-template <class Visit>
-void ForEachSelected(design& document, Visit visit) {
+template <class visitor>
+void ForEachSelected(design& document, visitor visit) {
   for (dvblock& block : document.blocks) {
     if (block.selected) visit(block);
   }
@@ -43,58 +41,40 @@ extent Shift(design& document, point by) {
   return moved;
 }
 
-// 0 along an axis where both edges of the canvas hold, or where both were crossed equally far.
+// The way is 0 along an axis where both edges of the canvas hold, or where both were crossed
+// equally far.
 point WayBack(const extent& moved) {
   return {kLastColumn - (moved.left + moved.right), kLastRow - (moved.top + moved.bottom)};
-}
-
-using nets_by_block = std::unordered_map<std::int64_t, std::vector<const net*>, id_hash>;
-
-// Of the selected blocks.
-nets_by_block IndexNets(const design& document) {
-  nets_by_block touching;
-  for (const dvblock& block : document.blocks) {
-    if (block.selected) touching.try_emplace(block.id);
-  }
-  for (const net& wire : document.nets) {
-    const auto first = touching.find(wire.id_1);
-    if (first != touching.end()) first->second.push_back(&wire);
-    if (wire.id_2 == wire.id_1) continue;
-    const auto second = touching.find(wire.id_2);
-    if (second != touching.end()) second->second.push_back(&wire);
-  }
-  return touching;
 }
 
 }  // namespace
 
 void BeginGroupMove(workspace& work, point at) {
-  const nets_by_block touching = IndexNets(work.document);
+  const nets_by_block touching = NetsOfSelection(work.document);
   for (const dvblock& block : work.document.blocks) {
     if (!block.selected) continue;
-    PushBlock(work.undo, block, undo_action::kBlockChanged);
-    for (const net* wire : touching.at(block.id)) {
-      PushNet(work.undo, *wire, undo_action::kNetMoved);
+    Push(work.undo, block, block_action::kChanged);
+    for (const listed_net& wire : touching.at(block.id)) {
+      Push(work.undo, *wire.at, net_action::kMoved);
     }
   }
   for (const textblock& note : work.document.texts) {
-    if (note.selected) PushNote(work.undo, note, undo_action::kNoteMoved);
+    if (note.selected) Push(work.undo, note, note_action::kMoved);
   }
   CloseGroup(work.undo);
-  work.hand.mode = drag_mode::kGroup;
-  work.hand.last = at;
+  work.hand = group_move{at};
 }
 
-void MoveGroup(workspace& work, const surroundings& outside, point at) {
+void MoveGroup(workspace& work, group_move& hand, point at) {
   design& document = work.document;
   if (!document.has_selection) return;
-  const extent moved = Shift(document, {at.x - work.hand.last.x, at.y - work.hand.last.y});
+  const extent moved = Shift(document, {at.x - hand.last.x, at.y - hand.last.y});
   const point back = WayBack(moved);
   Shift(document, back);
   UpdateNetEndsOfSelection(document);
-  outside.desk.Redraw();
-  ShowPosition(outside.desk, {moved.corner.x + back.x, moved.corner.y + back.y});
-  work.hand.last = at;
+  work.canvas.Redraw();
+  ShowPosition(work.canvas, {moved.corner.x + back.x, moved.corner.y + back.y});
+  hand.last = at;
   document.unsaved_changes = true;
 }
 

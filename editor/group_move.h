@@ -6,6 +6,6 @@
 namespace mardel {
 
 void BeginGroupMove(workspace& work, point at);
-void MoveGroup(workspace& work, const surroundings& outside, point at);
+void MoveGroup(workspace& work, group_move& hand, point at);
 
 }  // namespace mardel

@@ -10,8 +10,8 @@ bool Contains(const rectangle& area, point at) {
          at.y < area.y + area.height;
 }
 
-template <class T>
-T* HitLast(cursor_list<T>& list, point at) {
+template <class record>
+record* RaiseLastAt(cursor_list<record>& list, point at) {
   for (auto each = list.rbegin(); each != list.rend(); ++each) {
     if (!Contains({each->x, each->y, each->width, each->height}, at)) continue;
     list.MoveToEnd(std::prev(each.base()));
@@ -22,12 +22,12 @@ T* HitLast(cursor_list<T>& list, point at) {
 
 }  // namespace
 
-dvblock* HitBlock(design& document, point at) {
-  return HitLast(document.blocks, at);
+dvblock* RaiseBlockAt(design& document, point at) {
+  return RaiseLastAt(document.blocks, at);
 }
 
-textblock* HitNote(design& document, point at) {
-  return HitLast(document.texts, at);
+textblock* RaiseNoteAt(design& document, point at) {
+  return RaiseLastAt(document.texts, at);
 }
 
 std::optional<pin_hit> HitPin(const dvblock& block, point at) {

@@ -1,5 +1,4 @@
-// What lies under the mouse. Hitting a block or a note brings it to the end of its list, where it
-// is drawn on top; the design counts as unchanged.
+// What lies under the mouse.
 #pragma once
 
 #include <optional>
@@ -8,11 +7,12 @@
 
 namespace mardel {
 
-// The topmost one at that point; null when there is none.
-dvblock* HitBlock(design& document, point at);
-textblock* HitNote(design& document, point at);
+// The topmost block or note at that point is brought to the end of its list, where it is drawn on
+// top; the design counts as unchanged. Null when there is none.
+dvblock* RaiseBlockAt(design& document, point at);
+textblock* RaiseNoteAt(design& document, point at);
 
-// The first in pin order.
+// The first pin there in pin order.
 std::optional<pin_hit> HitPin(const dvblock& block, point at);
 
 }  // namespace mardel

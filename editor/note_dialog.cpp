@@ -17,15 +17,9 @@ gadget Editor(std::string text) {
           .text = std::move(text)};
 }
 
-std::string TypedText(const workspace& work, const surroundings& outside) {
-  return outside.desk.GadgetText(work.dialog.number, kEditorGadget);
-}
-
 bool HasText(const std::string& typed) {
   return typed.find_first_not_of("\r\n") != std::string::npos;
 }
-
-}  // namespace
 
 window AddNoteWindow() {
   return {"Add Text Item", 530, 175, {Editor(""), OkButton(120, 145), CancelButton(330, 145)}};
@@ -40,30 +34,53 @@ window EditNoteWindow(const textblock& note) {
            OkButton(120, 145), CancelButton(330, 145)}};
 }
 
-void AddTypedNote(workspace& work, const surroundings& outside) {
-  std::string typed = TypedText(work, outside);
+// Nothing but line breaks is no text.
+void AddNote(workspace& work, std::string typed) {
   if (!HasText(typed)) return;
   design& document = work.document;
   textblock& note = document.texts.Append(
       {.id = document.next_text_id++, .text_str = std::move(typed), .x = 10, .y = 10});
-  MeasureNote(note, outside.metrics);
-  PushNote(work.undo, note, undo_action::kNoteAdded);
+  MeasureNote(note, work.metrics);
+  Push(work.undo, note, note_action::kAdded);
   CloseGroup(work.undo);
 }
 
-void ApplyTypedNote(workspace& work, const surroundings& outside) {
-  textblock* note = TopmostOf(work.document.texts, work.dialog.subject);
+// No text deletes the note.
+void EditNote(workspace& work, std::int64_t id, std::string typed) {
+  textblock* note = TopmostOf(work.document.texts, id);
   if (note == nullptr) return;
-  std::string typed = TypedText(work, outside);
   if (HasText(typed)) {
-    PushNote(work.undo, *note, undo_action::kNoteEdited);
+    Push(work.undo, *note, note_action::kEdited);
     note->selected = false;
     note->text_str = std::move(typed);
-    MeasureNote(*note, outside.metrics);
+    MeasureNote(*note, work.metrics);
   } else {
     DeleteNote(work.document, work.undo, note->id, recording::kOn);
   }
   CloseGroup(work.undo);
+}
+
+// `change` gets the text as typed.
+void OpenNoteDialog(workspace& work, const window& contents,
+                    const std::function<void(std::string typed)>& change) {
+  OpenDialog(
+      work, contents,
+      {.apply = [&work, change](
+                    int number) { change(work.windows.Desk().GadgetText(number, kEditorGadget)); },
+       .after_ok = [&work] { work.canvas.Redraw(); }});
+}
+
+}  // namespace
+
+void OpenAddNote(workspace& work) {
+  OpenNoteDialog(work, AddNoteWindow(),
+                 [&work](std::string typed) { AddNote(work, std::move(typed)); });
+}
+
+void OpenEditNote(workspace& work, const textblock& note) {
+  OpenNoteDialog(work, EditNoteWindow(note), [&work, id = note.id](std::string typed) {
+    EditNote(work, id, std::move(typed));
+  });
 }
 
 }  // namespace mardel

@@ -5,12 +5,7 @@
 
 namespace mardel {
 
-window AddNoteWindow();
-window EditNoteWindow(const textblock& note);
-
-// On OK, while the window is open. Nothing but line breaks is no text: adding it does nothing,
-// editing a note to it deletes the note.
-void AddTypedNote(workspace& work, const surroundings& outside);
-void ApplyTypedNote(workspace& work, const surroundings& outside);
+void OpenAddNote(workspace& work);
+void OpenEditNote(workspace& work, const textblock& note);
 
 }  // namespace mardel

@@ -2,6 +2,7 @@
 
 #include "editor/deletion.h"
 #include "editor/dialog_parts.h"
+#include "editor/wiring.h"
 
 namespace mardel {
 namespace {
@@ -32,8 +33,7 @@ int AddRows(std::vector<gadget>& gadgets, const design& document) {
   return row;
 }
 
-}  // namespace
-
+// The highlighted nets are those that are listed.
 window PinWindow(const design& document, const pin_hit& hit) {
   window shown = {"Pin Info and Nets", 440, 260, {}};
   shown.gadgets = {
@@ -49,16 +49,32 @@ window PinWindow(const design& document, const pin_hit& hit) {
   return shown;
 }
 
-void DeleteCheckedNets(workspace& work, const surroundings& outside) {
+// Each deleted net is an undo step of its own.
+void DeleteCheckedNets(workspace& work, int number) {
   std::vector<std::int64_t> checked;
   int row = kFirstRowGadget;
   for (const net& wire : work.document.nets) {
     if (!wire.selected) continue;
-    if (outside.desk.GadgetChecked(work.dialog.number, row++)) checked.push_back(wire.net_id);
+    if (work.windows.Desk().GadgetChecked(number, row++)) checked.push_back(wire.net_id);
   }
   for (const std::int64_t net_id : checked) {
     DeleteNet(work.document, work.undo, net_id, recording::kOn);
   }
+}
+
+}  // namespace
+
+void OpenPinDialog(workspace& work, const pin_hit& hit) {
+  HighlightNets(work.document, hit);
+  work.canvas.Redraw();
+  const auto end_highlight = [&work] {
+    ResetNets(work.document);
+    work.canvas.Redraw();
+  };
+  OpenDialog(work, PinWindow(work.document, hit),
+             {.apply = [&work](int number) { DeleteCheckedNets(work, number); },
+              .after_ok = end_highlight,
+              .after_cancel = end_highlight});
 }
 
 }  // namespace mardel

@@ -5,10 +5,7 @@
 
 namespace mardel {
 
-// The highlighted nets are those that are listed.
-window PinWindow(const design& document, const pin_hit& hit);
-
-// On OK, while the window is open. Each deleted net is an undo step of its own.
-void DeleteCheckedNets(workspace& work, const surroundings& outside);
+// Highlights the nets of the pin until the window is closed.
+void OpenPinDialog(workspace& work, const pin_hit& hit);
 
 }  // namespace mardel

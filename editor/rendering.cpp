@@ -14,7 +14,6 @@ constexpr colour kGridGrey = Rgba(125, 125, 125);
 constexpr colour kPinBlue = Rgba(0, 0, 255);
 constexpr int kBlockAlpha = 192;
 constexpr stroke kSelectionOutline{kRed, 2.0, 10.0};
-constexpr double kNetWidth = 2.0;
 constexpr std::int64_t kGridPitch = 10;
 constexpr std::size_t kBlackEvery = 10;  // grid lines
 constexpr std::int64_t kLabelX = 9, kLabelY = 10;

@@ -5,11 +5,11 @@
 
 namespace mardel {
 
-void BeginRubberBand(workspace& work, const surroundings& outside, point at);
-void StretchRubberBand(workspace& work, const surroundings& outside, point at);
+void BeginRubberBand(workspace& work, point at);
+void StretchRubberBand(canvas_view& canvas, const rubber_band& hand, point at);
 // Selects what lies wholly inside the band.
-void FinishRubberBand(workspace& work, const surroundings& outside, point at);
+void FinishRubberBand(workspace& work, const rubber_band& hand, point at);
 
-void DeleteSelection(workspace& work, const surroundings& outside);
+void DeleteSelection(workspace& work);
 
 }  // namespace mardel

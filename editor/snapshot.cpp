@@ -3,8 +3,12 @@
 #include <array>
 #include <charconv>
 #include <concepts>
+#include <optional>
 #include <type_traits>
 #include <utility>
+
+#include "platform/text.h"
+#include "platform/xml.h"
 
 namespace mardel {
 
@@ -71,24 +75,6 @@ void VisitFields(is<textblock> auto& note, auto& visit) {
   visit("height", note.height);
 }
 
-constexpr std::string_view kEscaped = "&<>\r";
-
-// A reader of XML takes a bare carriage return for a line feed. "" for what stays as it is.
-std::string_view EscapeOf(char c) {
-  switch (c) {
-    case '&':
-      return "&amp;";
-    case '<':
-      return "&lt;";
-    case '>':
-      return "&gt;";
-    case '\r':
-      return "&#13;";
-    default:
-      return {};
-  }
-}
-
 class snapshot_writer {
  public:
   void operator()(std::string_view name, const std::string& text) {
@@ -124,85 +110,60 @@ class snapshot_writer {
  private:
   void Open(std::string_view name) { xml_.append(1, '<').append(name).append(1, '>'); }
   void Close(std::string_view name) { xml_.append("</").append(name).append(1, '>'); }
+  // A reader of XML takes a bare carriage return for a line feed.
   void AppendEscaped(std::string_view text) {
     std::size_t start = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-      const std::string_view escape = EscapeOf(text[i]);
-      if (escape.empty()) continue;
-      xml_.append(text.substr(start, i - start)).append(escape);
-      start = i + 1;
+    for (std::size_t end = 0; (end = text.find('\r', start)) != std::string_view::npos;) {
+      xml_.append(EscapeXml(text.substr(start, end - start))).append("&#13;");
+      start = end + 1;
     }
-    xml_.append(text.substr(start));
+    xml_.append(EscapeXml(text.substr(start)));
   }
 
   std::string xml_;
 };
 
-// Takes what snapshot_writer wrote, in its order. A general reader of XML would cost an undo of a
-// large group ten times as much.
+// Takes what snapshot_writer wrote, in its order.
 class snapshot_reader {
  public:
-  explicit snapshot_reader(std::string_view xml) : left_(xml) {}
+  explicit snapshot_reader(xml_tree::node record)
+      : next_(record.Children().begin()), end_(record.Children().end()) {}
 
   void operator()(std::string_view name, std::string& text) {
-    Open(name);
-    TakeText(text);
-    Close(name);
+    if (const auto field = Take(name)) text = field->Text();
   }
   template <std::integral integer>
   void operator()(std::string_view name, integer& number) {
-    Open(name);
-    std::int64_t value = 0;
-    const auto end = std::from_chars(left_.data(), left_.data() + left_.size(), value).ptr;
-    left_.remove_prefix(static_cast<std::size_t>(end - left_.data()));
-    number = static_cast<integer>(value);
-    Close(name);
+    if (const auto field = Take(name)) number = static_cast<integer>(ParseInteger(field->Text()));
   }
   template <class record>
   void List(std::string_view name, std::string_view of, std::vector<record>& list) {
-    Open(name);
-    while (IsNext("<", of)) Whole(of, list.emplace_back());
-    Close(name);
+    const auto field = Take(name);
+    if (!field) return;
+    for (const xml_tree::node each : field->Children()) {
+      is_good_ = is_good_ && each.Name() == of && ReadRecord(each, list.emplace_back());
+    }
   }
-  void Whole(std::string_view name, auto& record) {
-    Open(name);
-    VisitFields(record, *this);
-    Close(name);
+  // Whether every field was there, and nothing else.
+  bool IsRead() const { return is_good_ && next_ == end_; }
+
+  template <class record>
+  static bool ReadRecord(xml_tree::node from, record& into) {
+    snapshot_reader reader(from);
+    VisitFields(into, reader);
+    return reader.IsRead();
   }
-  // Whether all was as expected, to the end.
-  bool IsRead() const { return is_good_ && left_.empty(); }
 
  private:
-  void Open(std::string_view name) { Take("<", name); }
-  void Close(std::string_view name) { Take("</", name); }
-  bool IsNext(std::string_view start, std::string_view name) const {
-    return left_.size() > start.size() + name.size() && left_.starts_with(start) &&
-           left_.substr(start.size()).starts_with(name) && left_[start.size() + name.size()] == '>';
-  }
-  void Take(std::string_view start, std::string_view name) {
-    is_good_ = is_good_ && IsNext(start, name);
-    left_ = is_good_ ? left_.substr(start.size() + name.size() + 1) : std::string_view();
-  }
-  void TakeText(std::string& text) {
-    const std::string_view escaped = left_.substr(0, left_.find('<'));
-    left_.remove_prefix(escaped.size());
-    std::size_t start = 0;
-    for (std::size_t at = 0; (at = escaped.find('&', start)) != std::string_view::npos;) {
-      text.append(escaped, start, at - start);
-      start = escaped.find(';', at);
-      if (start == std::string_view::npos) return;
-      text += UnescapedOf(escaped.substr(at, ++start - at));
-    }
-    text.append(escaped, start);
-  }
-  static char UnescapedOf(std::string_view escape) {
-    for (const char c : kEscaped) {
-      if (EscapeOf(c) == escape) return c;
-    }
-    return '&';
+  std::optional<xml_tree::node> Take(std::string_view name) {
+    is_good_ = is_good_ && next_ != end_ && (*next_).Name() == name;
+    if (!is_good_) return std::nullopt;
+    const xml_tree::node taken = *next_;
+    ++next_;
+    return taken;
   }
 
-  std::string_view left_;
+  xml_tree::children::iterator next_, end_;
   bool is_good_ = true;
 };
 
@@ -214,10 +175,10 @@ std::string Write(std::string_view root, const auto& record) {
 
 template <class record>
 bool Read(std::string_view root, std::string_view xml, record& into) {
+  const xml_result parsed = ParseXml(xml);
+  if (parsed.status != xml_status::kRead || parsed.tree.Root().Name() != root) return false;
   record whole;
-  snapshot_reader reader(xml);
-  reader.Whole(root, whole);
-  if (!reader.IsRead()) return false;
+  if (!snapshot_reader::ReadRecord(parsed.tree.Root(), whole)) return false;
   into = std::move(whole);
   return true;
 }

@@ -13,8 +13,8 @@ std::string WriteSnapshot(const dvblock& block);
 std::string WriteSnapshot(const net& wire);
 std::string WriteSnapshot(const textblock& note);
 
-// For texts that WriteSnapshot made of the same type of record; false for any other, and `into` is
-// unchanged then.
+// Each reads what WriteSnapshot made of the same type of record; false for any other text, and
+// `into` is unchanged then.
 bool ReadSnapshot(std::string_view xml, dvblock& into);
 bool ReadSnapshot(std::string_view xml, net& into);
 bool ReadSnapshot(std::string_view xml, textblock& into);

@@ -4,20 +4,20 @@
 
 namespace mardel {
 
-void ClearStatus(ui& desk) {
-  for (int field = 0; field < 3; ++field) desk.SetStatus(field, "");
+void ClearStatus(canvas_view& canvas) {
+  for (int field = 0; field < 3; ++field) canvas.SetStatus(field, "");
 }
 
-void ShowPosition(ui& desk, point at) {
-  desk.SetStatus(0, "");
-  desk.SetStatus(1, "X: " + std::to_string(at.x) + ", Y: " + std::to_string(at.y));
-  desk.SetStatus(2, "");
+void ShowPosition(canvas_view& canvas, point at) {
+  canvas.SetStatus(0, "");
+  canvas.SetStatus(1, "X: " + std::to_string(at.x) + ", Y: " + std::to_string(at.y));
+  canvas.SetStatus(2, "");
 }
 
-void ShowPin(ui& desk, const pin_hit& hit) {
-  desk.SetStatus(0, hit.pin_name);
-  desk.SetStatus(1, hit.pin_desc);
-  desk.SetStatus(2, hit.pin_type);
+void ShowPin(canvas_view& canvas, const pin_hit& hit) {
+  canvas.SetStatus(0, hit.pin_name);
+  canvas.SetStatus(1, hit.pin_desc);
+  canvas.SetStatus(2, hit.pin_type);
 }
 
 }  // namespace mardel

@@ -6,8 +6,8 @@
 
 namespace mardel {
 
-void ClearStatus(ui& desk);
-void ShowPosition(ui& desk, point at);
-void ShowPin(ui& desk, const pin_hit& hit);
+void ClearStatus(canvas_view& canvas);
+void ShowPosition(canvas_view& canvas, point at);
+void ShowPin(canvas_view& canvas, const pin_hit& hit);
 
 }  // namespace mardel

@@ -10,8 +10,6 @@ namespace mardel {
 
 namespace {
 
-enum class step { kDelete, kOverwrite, kInsert };
-
 std::int64_t IdOf(const auto& record) {
   return record.id;
 }
@@ -29,7 +27,7 @@ class restored_list {
     by_id_.clear();
     list_.InsertAfterCurrent(std::move(snapshot));
   }
-  // False when there is no record of that id. The first in list order counts.
+  // The first record of that id in list order; false when there is none.
   bool Overwrite(record snapshot) {
     if (by_id_.empty()) FindPlaces();
     const std::int64_t id = IdOf(snapshot);
@@ -65,12 +63,26 @@ class restoration {
         nets_(document.nets),
         texts_(document.texts) {}
 
-  void Restore(const undo_record& record);
+  void Restore(const undo_record& record) {
+    document_.has_selection = false;
+    std::visit([&](auto action) { TakeBack(action, record.undo_xml); }, record.undo_action);
+  }
 
  private:
-  void RestoreBlock(const undo_record& record, step how);
-  void RestoreNet(const undo_record& record, step how);
-  void RestoreNote(const undo_record& record, step how);
+  void TakeBack(block_action action, const std::string& xml);
+  void TakeBack(net_action action, const std::string& xml);
+  void TakeBack(note_action action, const std::string& xml);
+
+  template <class record>
+  void Overwrite(restored_list<record>& list, record snapshot) {
+    const bool selected = snapshot.selected;
+    if (list.Overwrite(std::move(snapshot)) && selected) document_.has_selection = true;
+  }
+  template <class record>
+  void Insert(restored_list<record>& list, record snapshot) {
+    if (snapshot.selected) document_.has_selection = true;
+    list.Insert(std::move(snapshot));
+  }
 
   undo_stack& stack_;
   design& document_;
@@ -79,94 +91,65 @@ class restoration {
   restored_list<textblock> texts_;
 };
 
-void restoration::RestoreBlock(const undo_record& record, step how) {
+void restoration::TakeBack(block_action action, const std::string& xml) {
   dvblock block;
-  if (!ReadSnapshot(record.undo_xml, block)) return;
-  if (how == step::kDelete) {
-    DeleteBlock(document_, stack_, block.id, recording::kOff);
-    blocks_.ForgetPlaces();
-    nets_.ForgetPlaces();
-    CloseGroup(stack_);
-    return;
+  if (!ReadSnapshot(xml, block)) return;
+  switch (action) {
+    case block_action::kPlaced:
+      DeleteBlock(document_, stack_, block.id, recording::kOff);
+      blocks_.ForgetPlaces();
+      nets_.ForgetPlaces();
+      return CloseGroup(stack_);
+    case block_action::kChanged:
+    case block_action::kEdited:
+      return Overwrite(blocks_, std::move(block));
+    case block_action::kDeleted:
+      return Insert(blocks_, std::move(block));
   }
-  const bool selected = block.selected;
-  if (how == step::kInsert) {
-    blocks_.Insert(std::move(block));
-  } else if (!blocks_.Overwrite(std::move(block))) {
-    return;
-  }
-  if (selected) document_.has_selection = true;
 }
 
-void restoration::RestoreNet(const undo_record& record, step how) {
+void restoration::TakeBack(net_action action, const std::string& xml) {
   net wire;
-  if (!ReadSnapshot(record.undo_xml, wire)) return;
+  if (!ReadSnapshot(xml, wire)) return;
   wire.color = kNetColour;
   wire.selected = false;
-  if (how == step::kDelete) {
-    DeleteNet(document_, stack_, wire.net_id, recording::kOff);
-    nets_.ForgetPlaces();
-  } else if (how == step::kInsert) {
-    nets_.Insert(std::move(wire));
-  } else {
-    nets_.Overwrite(std::move(wire));
+  switch (action) {
+    case net_action::kMade:
+      DeleteNet(document_, stack_, wire.net_id, recording::kOff);
+      return nets_.ForgetPlaces();
+    case net_action::kMoved:
+      return Overwrite(nets_, std::move(wire));
+    case net_action::kDeleted:
+      return Insert(nets_, std::move(wire));
   }
 }
 
-void restoration::RestoreNote(const undo_record& record, step how) {
+void restoration::TakeBack(note_action action, const std::string& xml) {
   textblock note;
-  if (!ReadSnapshot(record.undo_xml, note)) return;
-  if (how == step::kDelete) {
-    DeleteNote(document_, stack_, note.id, recording::kOff);
-    texts_.ForgetPlaces();
-    return;
-  }
-  const bool selected = note.selected;
-  if (how == step::kInsert) {
-    texts_.Insert(std::move(note));
-  } else if (!texts_.Overwrite(std::move(note))) {
-    return;
-  }
-  if (selected) document_.has_selection = true;
-}
-
-void restoration::Restore(const undo_record& record) {
-  document_.has_selection = false;
-  switch (record.action) {
-    case undo_action::kBlockPlaced:
-      return RestoreBlock(record, step::kDelete);
-    case undo_action::kBlockChanged:
-    case undo_action::kBlockEdited:
-      return RestoreBlock(record, step::kOverwrite);
-    case undo_action::kBlockDeleted:
-      return RestoreBlock(record, step::kInsert);
-    case undo_action::kNetMade:
-      return RestoreNet(record, step::kDelete);
-    case undo_action::kNetMoved:
-      return RestoreNet(record, step::kOverwrite);
-    case undo_action::kNetDeleted:
-      return RestoreNet(record, step::kInsert);
-    case undo_action::kNoteAdded:
-      return RestoreNote(record, step::kDelete);
-    case undo_action::kNoteEdited:
-    case undo_action::kNoteMoved:
-      return RestoreNote(record, step::kOverwrite);
-    case undo_action::kNoteDeleted:
-      return RestoreNote(record, step::kInsert);
+  if (!ReadSnapshot(xml, note)) return;
+  switch (action) {
+    case note_action::kAdded:
+      DeleteNote(document_, stack_, note.id, recording::kOff);
+      return texts_.ForgetPlaces();
+    case note_action::kEdited:
+    case note_action::kMoved:
+      return Overwrite(texts_, std::move(note));
+    case note_action::kDeleted:
+      return Insert(texts_, std::move(note));
   }
 }
 
 }  // namespace
 
-void PushBlock(undo_stack& stack, const dvblock& block, undo_action action) {
+void Push(undo_stack& stack, const dvblock& block, block_action action) {
   stack.records.push_back({stack.group, action, WriteSnapshot(block)});
 }
 
-void PushNet(undo_stack& stack, const net& wire, undo_action action) {
+void Push(undo_stack& stack, const net& wire, net_action action) {
   stack.records.push_back({stack.group, action, WriteSnapshot(wire)});
 }
 
-void PushNote(undo_stack& stack, const textblock& note, undo_action action) {
+void Push(undo_stack& stack, const textblock& note, note_action action) {
   stack.records.push_back({stack.group, action, WriteSnapshot(note)});
 }
 

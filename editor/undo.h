@@ -1,33 +1,26 @@
-// The undo stack: before an edit each item that it adds, changes or removes is recorded; one group
-// of records is one user action. There is no redo.
+// The undo stack: before an edit each block, net or note that it adds, changes or removes is
+// recorded; one group of records is one user action. There is no redo.
 #pragma once
 
 #include <cstdint>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "editor/design.h"
 
 namespace mardel {
 
-enum class undo_action {
-  kBlockPlaced = 0,
-  kBlockChanged = 1,
-  kBlockDeleted = 2,
-  kBlockEdited = 3,  // restored like kBlockChanged
-  kNetMade = 4,
-  kNetMoved = 5,
-  kNetDeleted = 6,
-  kNoteAdded = 7,
-  kNoteEdited = 8,
-  kNoteMoved = 9,
-  kNoteDeleted = 10,
-};
+// What an edit did to a record; each kind of record has actions of its own, all numbered through.
+enum class block_action { kPlaced = 0, kChanged = 1, kDeleted = 2, kEdited = 3 };
+enum class net_action { kMade = 4, kMoved = 5, kDeleted = 6 };
+enum class note_action { kAdded = 7, kEdited = 8, kMoved = 9, kDeleted = 10 };
+using edit_action = std::variant<block_action, net_action, note_action>;
 
 struct undo_record {
   std::int64_t undo_group = 0;
-  undo_action action = undo_action::kBlockPlaced;
-  std::string undo_xml;  // the item as an XML document, root named after its type
+  edit_action undo_action;
+  std::string undo_xml;  // the block, net or note as an XML document
 };
 
 struct undo_stack {
@@ -35,9 +28,9 @@ struct undo_stack {
   std::int64_t group = 0;            // of the records pushed now
 };
 
-void PushBlock(undo_stack& stack, const dvblock& block, undo_action action);
-void PushNet(undo_stack& stack, const net& wire, undo_action action);
-void PushNote(undo_stack& stack, const textblock& note, undo_action action);
+void Push(undo_stack& stack, const dvblock& block, block_action action);
+void Push(undo_stack& stack, const net& wire, net_action action);
+void Push(undo_stack& stack, const textblock& note, note_action action);
 void CloseGroup(undo_stack& stack);
 
 enum class undo_result { kStackEmpty, kRestored };

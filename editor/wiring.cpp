@@ -7,10 +7,10 @@
 namespace mardel {
 namespace {
 
-constexpr stroke kWirePen = {kNetColour, 2.0};
+constexpr stroke kWirePen = {kNetColour, kNetWidth};
 
 std::optional<pin_hit> HitPinOfTopBlock(design& document, point at) {
-  const dvblock* block = HitBlock(document, at);
+  const dvblock* block = RaiseBlockAt(document, at);
   return block == nullptr ? std::nullopt : HitPin(*block, at);
 }
 
@@ -30,18 +30,17 @@ net NetBetween(const pin_hit& start, const pin_hit& end) {
 
 void AddNet(workspace& work, net wire) {
   wire.net_id = work.document.next_net_id++;
-  PushNet(work.undo, work.document.nets.Append(std::move(wire)), undo_action::kNetMade);
+  Push(work.undo, work.document.nets.Append(std::move(wire)), net_action::kMade);
   CloseGroup(work.undo);
 }
 
-void Connect(workspace& work, const surroundings& outside, const pin_hit& start,
-             const pin_hit& end) {
+void Connect(workspace& work, const pin_hit& start, const pin_hit& end) {
   const std::string start_type = PinType(work.document, start.id, start.pin_name);
   const std::string end_type = PinType(work.document, end.id, end.pin_name);
   if (start_type == end_type) return AddNet(work, NetBetween(start, end));
   // kept: the spelling and the two blanks are the program's own.
-  outside.desk.ShowMessage({"Net Error", "Pin type mismatch, attempting to connecct an  " +
-                                             start_type + " to an " + end_type});
+  work.boxes.ShowMessage({"Net Error", "Pin type mismatch, attempting to connecct an  " +
+                                           start_type + " to an " + end_type});
 }
 
 bool IsOnPin(const net& wire, const pin_hit& hit) {
@@ -52,23 +51,20 @@ bool IsOnPin(const net& wire, const pin_hit& hit) {
 }  // namespace
 
 void BeginWire(workspace& work, const pin_hit& start) {
-  work.hand.mode = drag_mode::kWire;
-  work.hand.wire_start = start;
+  work.hand = wire_drag{start};
   work.document.unsaved_changes = true;
 }
 
-void StretchWire(workspace& work, const surroundings& outside, point at) {
-  if (!work.hand.wire_start) return;
-  outside.desk.Redraw();
-  outside.desk.ShowOverlay({overlay::shape::kLine, {work.hand.wire_start->at, at}, kWirePen});
+void StretchWire(canvas_view& canvas, const wire_drag& hand, point at) {
+  canvas.Redraw();
+  canvas.ShowOverlay({overlay::shape::kLine, {hand.start.at, at}, kWirePen});
 }
 
-void FinishWire(workspace& work, const surroundings& outside, point at) {
-  outside.desk.SetPointer(pointer_shape::kNormal);
-  const std::optional<pin_hit> start = std::exchange(work.hand.wire_start, std::nullopt);
+void FinishWire(workspace& work, const wire_drag& hand, point at) {
+  work.canvas.SetPointer(pointer_shape::kNormal);
   const std::optional<pin_hit> end = HitPinOfTopBlock(work.document, at);
-  if (start && end) Connect(work, outside, *start, *end);
-  outside.desk.Redraw();
+  if (end) Connect(work, hand.start, *end);
+  work.canvas.Redraw();
 }
 
 void HighlightNets(design& document, const pin_hit& of) {

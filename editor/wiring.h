@@ -16,9 +16,9 @@ inline constexpr std::array kNetPalette = {
 };
 
 void BeginWire(workspace& work, const pin_hit& start);
-void StretchWire(workspace& work, const surroundings& outside, point at);
+void StretchWire(canvas_view& canvas, const wire_drag& hand, point at);
 // Makes a net when the wire ends on a pin of the same type as that where it began.
-void FinishWire(workspace& work, const surroundings& outside, point at);
+void FinishWire(workspace& work, const wire_drag& hand, point at);
 
 // Marks the nets of that pin as selected, and no others.
 void HighlightNets(design& document, const pin_hit& of);

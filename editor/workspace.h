@@ -1,18 +1,17 @@
-// What the user works on, and what the hand on the mouse is doing.
+// What the user works on, what the hand on the mouse is doing, and what both reach of the outside.
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
+#include <variant>
 
 #include "editor/design.h"
 #include "editor/undo.h"
 #include "platform/geometry.h"
+#include "platform/open_windows.h"
 #include "platform/ui.h"
 
 namespace mardel {
-
-enum class drag_mode { kNone, kBlock, kWire, kRubberBand, kNote, kGroup };
 
 struct pin_hit {
   std::int64_t id = 0;  // of the block
@@ -21,33 +20,37 @@ struct pin_hit {
   point at;  // of the mouse
 };
 
-struct interaction {
-  drag_mode mode = drag_mode::kNone;
-  point offset;  // from the corner of the block or note that is dragged to the mouse, at the press
-  point band_start;
-  point last;  // mouse position of the last step of a group move
-  std::optional<pin_hit> wire_start;
+struct resting {};
+// `offset` is from the corner of what is dragged to the mouse, at the press.
+struct block_drag {
+  point offset;
+};
+struct wire_drag {
+  pin_hit start;
+};
+struct rubber_band {
+  point start;
+};
+struct note_drag {
+  point offset;
+};
+struct group_move {
+  point last;  // mouse position of the last step
 };
 
-// The modal window over the design; number 0 while none is open.
-enum class dialog_kind { kAddNote, kEditNote, kDevice, kPin };
-
-struct open_dialog {
-  dialog_kind kind = dialog_kind::kAddNote;
-  int number = 0;            // as given by ui::OpenWindow
-  std::int64_t subject = 0;  // id of the note or block that the window is about
-};
+// What a press of the left button begins and its release ends.
+using gesture = std::variant<resting, block_drag, wire_drag, rubber_band, note_drag, group_move>;
 
 struct workspace {
+  workspace(ui& desk, const text_metrics& measures)
+      : windows(desk), canvas(desk), boxes(desk), metrics(measures) {}
+
   design document;
   undo_stack undo;
-  interaction hand;
-  open_dialog dialog;
-};
-
-// What editing reaches of the outside.
-struct surroundings {
-  ui& desk;
+  gesture hand;
+  open_windows windows;
+  canvas_view& canvas;
+  message_boxes& boxes;
   const text_metrics& metrics;
 };
 

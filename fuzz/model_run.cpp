@@ -239,7 +239,7 @@ void session::CompareAll() {
   Expect(document.has_selection == now.has_selection, "something is selected or nothing is");
   Expect(document.unsaved_changes == model_.unsaved, "the design counts as changed or saved");
   Expect(document.file_name == model_.file_name, "the design has its file's name");
-  Expect(static_cast<int>(work.hand.mode) == static_cast<int>(model_.hand),
+  Expect(work.hand.index() == static_cast<std::size_t>(model_.hand),
          "the hand does what the reference's does");
   const int modal = desk_.ModalWindow();
   Expect((modal == 0 ? "" : desk_.open_windows.at(modal).title) == model_.modal_title,
@@ -268,12 +268,10 @@ void session::CheckRest(const event& happened) {
   const bool is_released = mouse != nullptr && mouse->action == mouse_action::kLeftRelease;
   const bool is_chosen = std::holds_alternative<menu_chosen>(happened);
   const bool is_lost = std::holds_alternative<canvas_interrupted>(happened);
-  const interaction& hand = app_.work.hand;
-  Expect(hand.wire_start.has_value() == (hand.mode == drag_mode::kWire), "wires begin at pins");
   if (desk_.last.is_redrawn) shows_bad_net_ = false;
   if (is_chosen && !model_.messages.empty()) shows_bad_net_ = true;
   if (is_released || is_chosen || is_lost) {
-    Expect(hand.mode == drag_mode::kNone, "every mode ends");
+    Expect(std::holds_alternative<resting>(app_.work.hand), "every mode ends");
     Expect(desk_.over.kind == overlay::shape::kNone || shows_bad_net_,
            "nothing is left of a band or a wire");
   }

@@ -51,8 +51,8 @@ std::string DirectoryText(const library_set& set, const std::vector<tree_item>& 
   return found.empty() ? std::string() : BlockText(set.Definitions()[found.front()]);
 }
 
-int OpenBlockDirectory(const library_set& set, ui& desk) {
-  return desk.OpenWindow({
+void OpenBlockDirectory(const library_set& set, open_windows& windows) {
+  const window contents = {
       .title = "Block Directory",
       .width = 580,
       .height = 380,
@@ -69,13 +69,14 @@ int OpenBlockDirectory(const library_set& set, ui& desk) {
                .text = {}},
           },
       .modality = window_modality::kModeless,
-  });
-}
-
-void HandleDirectoryGadget(const library_set& set, ui& desk, const gadget_used& used) {
-  if (used.gadget != kTree) return;
-  const int selected = desk.SelectedTreeItem(used.window, kTree);
-  desk.SetGadgetText(used.window, kInformation, DirectoryText(set, DirectoryTree(set), selected));
+  };
+  const auto show_selected = [&set, &desk = windows.Desk()](const gadget_used& used) {
+    if (used.gadget != kTree) return;
+    const int selected = desk.SelectedTreeItem(used.window, kTree);
+    desk.SetGadgetText(used.window, kInformation, DirectoryText(set, DirectoryTree(set), selected));
+  };
+  windows.Open(contents,
+               {.use = show_selected, .close = [&windows](int number) { windows.Close(number); }});
 }
 
 }  // namespace mardel

@@ -5,8 +5,7 @@
 #include <vector>
 
 #include "library/library_set.h"
-#include "platform/event.h"
-#include "platform/ui.h"
+#include "platform/open_windows.h"
 
 namespace mardel {
 
@@ -16,8 +15,7 @@ std::vector<tree_item> DirectoryTree(const library_set& set);
 // What the window says of the tree's item `selected`; lines end in "\r\n".
 std::string DirectoryText(const library_set& set, const std::vector<tree_item>& tree, int selected);
 
-// Opens a fresh window and returns its number; it lives until the user closes it.
-int OpenBlockDirectory(const library_set& set, ui& desk);
-void HandleDirectoryGadget(const library_set& set, ui& desk, const gadget_used& used);
+// Opens a fresh window; it lives until the user closes it. `set` must outlive it.
+void OpenBlockDirectory(const library_set& set, open_windows& windows);
 
 }  // namespace mardel

@@ -2,6 +2,7 @@
 
 #include <expat.h>
 
+#include <limits>
 #include <memory>
 
 #include "platform/files.h"
@@ -115,7 +116,7 @@ class xml_reader {
 };
 
 xml_result ParseXml(std::string_view bytes) {
-  if (bytes.size() > kMostFileBytes) return {};
+  if (bytes.size() > std::numeric_limits<int>::max()) return {};
   return xml_reader().Read(bytes);
 }
 

@@ -14,8 +14,10 @@
 #include "codegen/design_file.h"
 #include "codegen/toolchain.h"
 #include "editor/canvas_input.h"
-#include "editor/dialogs.h"
 #include "editor/drawn_extent.h"
+#include "editor/edit_commands.h"
+#include "editor/note_dialog.h"
+#include "editor/selected_nets.h"
 #include "tests/support/describe.h"
 #include "tests/support/fixed_clock.h"
 #include "tests/support/fixed_metrics.h"
@@ -92,6 +94,12 @@ bool Joins(std::string& line, const std::string& call) {
     return false;
   }
   return true;
+}
+
+edit_action ActionOf(int number) {
+  if (number <= static_cast<int>(block_action::kEdited)) return block_action(number);
+  if (number <= static_cast<int>(net_action::kDeleted)) return net_action(number);
+  return note_action(number);
 }
 
 point Point(const std::string& word) {
@@ -175,7 +183,7 @@ class program_player {
   }
 
   void Place(a words) {
-    if (words.empty()) return PlaceBlock(work_, outside_, Amp());
+    if (words.empty()) return PlaceBlock(work_, Amp());
     const auto found = app_.libraries.FindDefinitions(words[0], words[1]);
     Choose(app_.libraries.Definitions()[found.front()].id);
   }
@@ -243,7 +251,7 @@ class program_player {
     for (const undo_record& record : work_.undo.records) ShowLine(Line(record));
     if (design_.unsaved_changes) Show("unsaved");
     if (design_.has_selection) Show("selection");
-    if (work_.hand.mode != drag_mode::kNone || work_.hand.wire_start) Show("busy");
+    if (!std::holds_alternative<resting>(work_.hand)) Show("busy");
   }
   void ShowFigures() {
     Show(std::to_string(design_.blocks.size()) + " blocks, " +
@@ -298,7 +306,6 @@ class program_player {
   scripted_runner runner_{calls_};
   fixed_clock time_;
   program app_{{desk_, metrics_, runner_, time_}};
-  const surroundings outside_ = Surroundings(app_);
   workspace& work_ = app_.work;
   design& design_ = work_.document;
 
@@ -351,7 +358,7 @@ class program_player {
       {"have", [this](a w) { WithSnapshot(w[0], [this](const auto& read) { Append(read); }); }},
       {"record",
        [this](a w) {
-         work_.undo.records.push_back({work_.undo.group, undo_action(Number(w[0])), w[1]});
+         work_.undo.records.push_back({work_.undo.group, ActionOf(Number(w[0])), w[1]});
        }},
       {"library",
        [this](a w) {
@@ -363,9 +370,9 @@ class program_player {
       {"save", [this](a w) { SaveAt(w[0]); }},
       {"name", [this](a w) { design_.file_name = w[0]; }},
       {"clear", [this](a) { ClearDesign(design_); }},
-      {"reset", [this](a) { ResetInteraction(work_, outside_); }},
-      {"undo", [this](a) { Undo(work_, outside_); }},
-      {"add", [this](a) { OpenAddNote(work_, outside_); }},
+      {"reset", [this](a) { ResetInteraction(work_); }},
+      {"undo", [this](a) { Undo(work_); }},
+      {"add", [this](a) { OpenAddNote(work_); }},
       {"follow", [this](a w) { UpdateNetEnds(design_, *FindBlock(design_, Number(w[0]))); }},
       {"follow_selection", [this](a) { UpdateNetEndsOfSelection(design_); }},
       {"fill_disk", [](a) { LimitFiles(0); }},

@@ -53,7 +53,9 @@ inline std::string Line(const undo_record& record) {
   std::string kept = "not a snapshot";
   WithSnapshot(record.undo_xml, [&](const auto& read) { kept = Line(read); });
   return "undo " + std::to_string(record.undo_group) + " action " +
-         std::to_string(static_cast<int>(record.action)) + ' ' + kept;
+         std::visit([](auto action) { return std::to_string(static_cast<int>(action)); },
+                    record.undo_action) +
+         ' ' + kept;
 }
 
 // A line for each branch: how many leaves it has, the first and the last.
