@@ -1,19 +1,28 @@
 #include "platform/xml.h"
 
+#define XML_DTD  // for expat's limit on entities
 #include <expat.h>
 
+#include <algorithm>
 #include <limits>
 #include <memory>
+#include <new>
 
 #include "platform/files.h"
 
 namespace mardel {
 namespace {
 
-// What a document may grow to when its entities are replaced. The largest file fits twice, however
-// many elements it holds; expat alone would let a hundred times its size through.
-constexpr std::size_t kMostCharacters = 2 * kMostFileBytes;
-constexpr std::size_t kMostElements = kMostFileBytes / 4;
+// Of entities, and of attributes in a document type. Entities that stand for one another nest as
+// calls of expat, and each default value is looked up at each element.
+constexpr int kMostDeclarations = 64;
+// Beyond 8 MiB, where expat begins to count, a document may grow to twice its size when its
+// entities are replaced; expat alone would let a hundred times through.
+constexpr float kMostAmplification = 2;
+// A small document may be of elements only. In a large one they hold something, so that the tree
+// and what is read from it stay within a few times the document's size.
+constexpr std::size_t kFewElements = std::size_t{1} << 16U;
+constexpr std::size_t kLeastBytesOfElement = 8;
 
 struct parser_freer {
   void operator()(XML_Parser parser) const { XML_ParserFree(parser); }
@@ -29,18 +38,22 @@ class xml_reader {
   xml_reader() : parser_(XML_ParserCreate(nullptr)) { open_.reserve(kMostXmlLevels); }
 
   xml_result Read(std::string_view bytes) {
-    XML_SetUserData(parser_.get(), this);
-    XML_SetElementHandler(parser_.get(), &OnStart, &OnEnd);
-    XML_SetCharacterDataHandler(parser_.get(), &OnCharacters);
+    if (parser_ == nullptr) return {};
+    SetUp(parser_.get());
     // Room for what most files hold; what stays unused is never touched.
     constexpr std::size_t kBytesOfElement = 32;
     tree_.elements_.reserve(bytes.size() / kBytesOfElement);
     tree_.characters_.reserve(bytes.size());
+    tree_.size_ = bytes.size();
+    most_elements_ = std::max(kFewElements, bytes.size() / kLeastBytesOfElement);
     const int size = static_cast<int>(bytes.size());
-    if (XML_Parse(parser_.get(), bytes.data(), size, XML_TRUE) != XML_STATUS_OK) {
-      return {xml_status::kMalformed, {}};
+    if (XML_Parse(parser_.get(), bytes.data(), size, XML_TRUE) == XML_STATUS_OK) {
+      return {xml_status::kRead, std::move(tree_)};
     }
-    return {xml_status::kRead, std::move(tree_)};
+    const bool is_out_of_memory = XML_GetErrorCode(parser_.get()) == XML_ERROR_NO_MEMORY;
+    const xml_status failure =
+        is_out_of_memory ? xml_status::kNotLoaded : refusal_.value_or(xml_status::kMalformed);
+    return {failure, {}};
   }
 
  private:
@@ -50,17 +63,52 @@ class xml_reader {
     std::size_t text_start = 0;  // in text_
   };
 
-  static void OnStart(void* reader, const char* name, const char** /*attributes*/) {
-    static_cast<xml_reader*>(reader)->Start(name);
+  void SetUp(XML_Parser parser) {
+    XML_SetUserData(parser, this);
+    XML_SetElementHandler(parser, &OnStart, &OnEnd);
+    XML_SetCharacterDataHandler(parser, &OnCharacters);
+    XML_SetEntityDeclHandler(parser, &OnEntity);
+    XML_SetAttlistDeclHandler(parser, &OnAttribute);
+    XML_SetBillionLaughsAttackProtectionMaximumAmplification(parser, kMostAmplification);
   }
-  static void OnEnd(void* reader, const char* /*name*/) { static_cast<xml_reader*>(reader)->End(); }
+
+  static void OnStart(void* reader, const char* name, const char** /*attributes*/) {
+    Do(reader, [name](xml_reader& it) { it.Start(name); });
+  }
+  static void OnEnd(void* reader, const char* /*name*/) {
+    Do(reader, [](xml_reader& it) { it.End(); });
+  }
   static void OnCharacters(void* reader, const char* text, int size) {
-    static_cast<xml_reader*>(reader)->Add({text, static_cast<std::size_t>(size)});
+    Do(reader, [=](xml_reader& it) { it.text_.append(text, static_cast<std::size_t>(size)); });
+  }
+  static void OnEntity(void* reader, const char*, int, const char*, int, const char*, const char*,
+                       const char*, const char*) {
+    static_cast<xml_reader*>(reader)->Declare();
+  }
+  static void OnAttribute(void* reader, const char*, const char*, const char*, const char*, int) {
+    static_cast<xml_reader*>(reader)->Declare();
+  }
+
+  // After a refusal expat may still report the end of what was refused. It is written in C, which
+  // no exception may cross.
+  template <class step>
+  static void Do(void* reader, step reported) {
+    auto& it = *static_cast<xml_reader*>(reader);
+    if (it.refusal_) return;
+    try {
+      reported(it);
+    } catch (const std::bad_alloc&) {
+      it.Refuse(xml_status::kNotLoaded);
+    }
+  }
+
+  void Declare() {
+    if (++declarations_ > kMostDeclarations) Refuse(xml_status::kMalformed);
   }
 
   void Start(std::string_view name) {
-    if (open_.size() == kMostXmlLevels || tree_.elements_.size() == kMostElements) return Refuse();
-    if (!Count(name.size())) return;
+    if (open_.size() == kMostXmlLevels) return Refuse(xml_status::kMalformed);
+    if (tree_.elements_.size() == most_elements_) return Refuse(xml_status::kNotLoaded);
     const auto index = static_cast<std::uint32_t>(tree_.elements_.size());
     xml_tree::element& added = tree_.elements_.emplace_back();
     added.name_start = tree_.characters_.size();
@@ -80,9 +128,7 @@ class xml_reader {
     parent.last_child = index;
   }
 
-  // After a refusal expat may still report the end of the element that was refused.
   void End() {
-    if (refused_) return;
     const open_element& ended = open_.back();
     xml_tree::element& element = tree_.elements_[ended.index];
     element.text_start = tree_.characters_.size();
@@ -92,18 +138,8 @@ class xml_reader {
     open_.pop_back();
   }
 
-  void Add(std::string_view text) {
-    if (Count(text.size())) text_.append(text);
-  }
-
-  bool Count(std::size_t characters) {
-    characters_ += characters;
-    if (characters_ > kMostCharacters) Refuse();
-    return !refused_;
-  }
-
-  void Refuse() {
-    refused_ = true;
+  void Refuse(xml_status as) {
+    refusal_ = as;
     XML_StopParser(parser_.get(), XML_FALSE);
   }
 
@@ -111,8 +147,9 @@ class xml_reader {
   xml_tree tree_;
   std::vector<open_element> open_;
   std::string text_;
-  std::size_t characters_ = 0;  // all that went into the tree or text_
-  bool refused_ = false;
+  std::size_t most_elements_ = 0;
+  int declarations_ = 0;
+  std::optional<xml_status> refusal_;
 };
 
 xml_result ParseXml(std::string_view bytes) {
@@ -120,9 +157,11 @@ xml_result ParseXml(std::string_view bytes) {
   return xml_reader().Read(bytes);
 }
 
-xml_result ReadXmlFile(const std::string& path) {
+xml_result ReadXmlFile(const std::string& path) try {
   const std::optional<std::string> bytes = ReadFile(path);
   return bytes ? ParseXml(*bytes) : xml_result();
+} catch (const std::bad_alloc&) {
+  return {};
 }
 
 std::string EscapeXml(std::string_view text) {

@@ -20,6 +20,8 @@ class xml_tree {
 
   // The root element; the tree must have been read without an error.
   node Root() const;
+  // In bytes, of the document.
+  std::size_t SourceSize() const { return size_; }
 
  private:
   friend class xml_reader;
@@ -30,6 +32,7 @@ class xml_tree {
   };
   std::vector<element> elements_;
   std::string characters_;  // the names and texts of all elements
+  std::size_t size_ = 0;
 };
 
 // A view into a tree, which must outlive it.
@@ -96,8 +99,8 @@ inline bool xml_tree::node::HasChildren() const {
 
 enum class xml_status {
   kRead,
-  kNotLoaded,  // no regular file, unreadable or too large
-  kMalformed,  // no XML, nested too deeply, or an entity bomb
+  kNotLoaded,  // no regular file, unreadable, or too large for the memory that it may take
+  kMalformed,  // no XML, nested too deeply, an entity bomb, or more than a few declarations
 };
 
 struct xml_result {

@@ -48,15 +48,36 @@ TEST(Xml, ReadsWhatItsTableSays) {
   EXPECT_EQ(Outline(expanded.tree.Root()), "r{xxxxxxxxxx}[" + Repeat("b{y}", 10) + "]");
 }
 
-TEST(Xml, RefusesDeepNestingAndEntityBombs) {
-  // An entity of a size that expat lets through.
-  const std::string large = "<!DOCTYPE r [<!ENTITY e \"" + std::string(4'000'000, 'x') + "\">]><r>";
-  EXPECT_EQ(ParseXml(Nested(kMostXmlLevels)).status, xml_status::kRead);
-  EXPECT_EQ(ParseXml(large + Repeat("&e;", 30) + "</r>").status, xml_status::kRead);
-  for (const std::string& document :
-       {Nested(kMostXmlLevels + 1), Nested(1'000'000), Entities(9, "lol"), Entities(9, "<b/>"),
-        Entities(3, Nested(kMostXmlLevels)), large + Repeat("&e;", 40) + "</r>"}) {
-    EXPECT_EQ(ParseXml(document).status, xml_status::kMalformed) << document.substr(0, 100);
+// `count` entities, each of which stands for the one before, and what uses the last one.
+std::string Chain(int count, const std::string& last, const std::string& use) {
+  std::string document = "<!DOCTYPE r [<!ENTITY e0 'x'>";
+  for (int i = 1; i < count; ++i) {
+    const std::string name = i + 1 == count ? "last" : "e" + std::to_string(i);
+    document += "<!ENTITY " + name + " '&e" + std::to_string(i - 1) + ";'>";
+  }
+  return document + last + "]>" + use;
+}
+
+TEST(Xml, RefusesWhatNeedsTooMuchTimeStackOrMemory) {
+  const std::string attribute = "<!ATTLIST r a CDATA '&last;'>";
+  const std::string large = "<!DOCTYPE r [<!ENTITY e '" + std::string(4'000'000, 'x') + "'>]><r>";
+  const std::string full = "<!DOCTYPE r [<!ENTITY e '" + Repeat("<b/>", 7'000) + "'>]><r>";
+  for (const auto& [expected, document] : std::vector<std::pair<xml_status, std::string>>{
+           {xml_status::kRead, Nested(kMostXmlLevels)},
+           {xml_status::kRead, Chain(63, attribute, "<r b='&last;'>&last;</r>")},
+           {xml_status::kRead, large + "&e;</r>"},
+           {xml_status::kRead, "<r>" + Repeat("<b/>     ", 100'000) + "</r>"},
+           {xml_status::kRead, full + Repeat("&e;", 9) + "</r>"},
+           {xml_status::kMalformed, Nested(kMostXmlLevels + 1)},
+           {xml_status::kMalformed, Nested(1'000'000)},
+           {xml_status::kMalformed, Entities(9, "lol")},
+           {xml_status::kMalformed, Entities(3, Nested(kMostXmlLevels))},
+           {xml_status::kMalformed, Chain(64, attribute, "<r/>")},
+           {xml_status::kMalformed, Chain(100'000, "", "<r>&last;</r>")},
+           {xml_status::kMalformed, large + "&e;&e;</r>"},
+           {xml_status::kNotLoaded, full + Repeat("&e;", 10) + "</r>"},
+           {xml_status::kNotLoaded, "<r>" + Repeat("<b/>", 100'000) + "</r>"}}) {
+    EXPECT_EQ(ParseXml(document).status, expected) << document.substr(0, 100);
   }
 }
 
