@@ -63,17 +63,22 @@ std::string ConfigurationPath(std::string current_folder, const std::string& doc
   return IsRegularFile(here) ? here : documents + kFileName;
 }
 
-void LoadConfiguration(settings& options, const std::string& path, ui& desk) {
+std::vector<report> LoadConfiguration(settings& options, const std::string& path) {
   const xml_result read = ReadXmlFile(path);
-  if (read.status == xml_status::kNotLoaded) return;
-  if (read.status == xml_status::kMalformed) {
-    desk.ShowMessage({.title = "XML Error Parsing Config File",
-                      .text = "A XML parsing error occured while parsing " + path});
-    return;
+  switch (read.status) {
+    case xml_status::kNotLoaded:
+      return {};
+    case xml_status::kMalformed:
+      return {{.kind = rule::kConfigurationMalformed,
+               .text = {.title = "XML Error Parsing Config File",
+                        .text = "A XML parsing error occured while parsing " + path}}};
+    case xml_status::kRead:
+      break;
   }
   for (const xml_tree::node element : read.tree.Root().Children()) {
     Apply(options, element.Name(), element.Text());
   }
+  return {};
 }
 
 std::string ConfigurationText(const settings& options) {

@@ -2,10 +2,11 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "codegen/settings.h"
+#include "library/report.h"
 #include "platform/host.h"
-#include "platform/ui.h"
 
 namespace mardel {
 
@@ -17,7 +18,7 @@ std::string ConfigurationPath(std::string current_folder, const std::string& doc
 
 // Applies the file's values one by one. A file that can't be read changes nothing; a malformed one
 // changes nothing and is reported.
-void LoadConfiguration(settings& options, const std::string& path, ui& desk);
+[[nodiscard]] std::vector<report> LoadConfiguration(settings& options, const std::string& path);
 
 // kept: values are not escaped, so a path holding "<" or "&" makes a file that does not load again;
 // users edit this file by hand and find their paths in it as they stand.

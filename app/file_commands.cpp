@@ -1,7 +1,9 @@
 #include "app/file_commands.h"
 
 #include "app/guard.h"
+#include "app/reports.h"
 #include "app/title.h"
+#include "codegen/design_file.h"
 #include "platform/host.h"
 
 namespace mardel {
@@ -57,17 +59,16 @@ void Open(program& app) {
   if (!path.empty()) OpenFile(app, path);
 }
 
-load_result OpenFile(program& app, const std::string& path) {
-  const std::string family = SystemFamilyName(HostVersionCode());
-  const load_result loaded = LoadDesign(app.work.document, path,
-                                        {.libraries = app.libraries,
-                                         .metrics = app.outside.metrics,
-                                         .line_separator = LineSeparator(family),
-                                         .desk = app.outside.desk});
-  app.work.document.unsaved_changes = false;
-  ShowFileName(app);
+void OpenFile(program& app, const std::string& path) {
+  loaded_design loaded = LoadDesign(path, {.libraries = app.libraries,
+                                           .metrics = app.outside.metrics,
+                                           .line_separator = LineSeparator(HostKind())});
+  app.work.document = std::move(loaded.document);
+  const bool is_loaded = loaded.status == load_status::kLoaded;
+  if (is_loaded) ShowFileName(app);
+  ShowReports(app.outside.desk, loaded.reports);
+  if (!is_loaded) ShowFileName(app);
   app.outside.desk.Redraw();
-  return loaded;
 }
 
 void Save(program& app) {
@@ -85,10 +86,6 @@ void SaveAs(program& app) {
   app.work.document.unsaved_changes = false;
   app.work.document.file_name = path;
   ShowFileName(app);
-}
-
-std::string_view LineSeparator(std::string_view system_family) {
-  return system_family == "Apple Mac" || system_family == "Linux" ? "\n" : "\r\n";
 }
 
 }  // namespace mardel

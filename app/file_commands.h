@@ -2,10 +2,8 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 #include "app/program.h"
-#include "codegen/design_file.h"
 
 namespace mardel {
 
@@ -17,9 +15,6 @@ void Save(program& app);
 void SaveAs(program& app);
 
 // Replaces the design by the file's.
-load_result OpenFile(program& app, const std::string& path);
-
-// What ends a line of a note, by SystemFamilyName.
-std::string_view LineSeparator(std::string_view system_family);
+void OpenFile(program& app, const std::string& path);
 
 }  // namespace mardel

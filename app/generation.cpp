@@ -1,25 +1,44 @@
 #include "app/generation.h"
 
-#include "codegen/netlist.h"
+#include "app/reports.h"
+#include "codegen/design_check.h"
+#include "codegen/source_writer.h"
+#include "codegen/toolchain.h"
 
 namespace mardel {
+namespace {
 
-std::optional<source_result> GenerateSource(program& app) {
-  ui& desk = app.outside.desk;
-  const auto nodes = BuildNetlist(app.work.document, app.registers, desk);
-  if (!nodes || !CheckDesign(app.work.document, desk)) return std::nullopt;
-  return WriteSource(app.work.document, *nodes, app.registers,
-                     {.options = app.options, .time = app.outside.time, .desk = desk});
+std::string AskSourcePath(const program& app) {
+  return app.outside.desk.AskSaveFile(
+      {.title = "Please choose file to save",
+       .start = ProposedSourcePath(app.options.files_path, app.work.document.file_name),
+       .patterns = "Dravik file (*.dvc)|*.dvc|Text (*.txt)|*.txt|All files (*.*)|*.*"});
 }
 
-toolchain_result RunTools(const program& app, const toolchain_request& asked) {
-  return RunToolchain(
-      asked, {.options = app.options, .runner = app.outside.runner, .boxes = app.outside.desk});
+}  // namespace
+
+std::variant<std::vector<net_node>, report> ReadyNodes(const design& document,
+                                                       register_pool& pool) {
+  auto nodes = BuildNetlist(document, pool);
+  if (std::holds_alternative<report>(nodes)) return nodes;
+  std::vector<report> problems = CheckDesign(document, problem_search::kFirst);
+  if (!problems.empty()) return std::move(problems.front());
+  return nodes;
 }
 
 void Generate(program& app, std::optional<int> location) {
-  const std::optional<source_result> source = GenerateSource(app);
-  if (source) (void)RunTools(app, {source->path, app.options.run_opt, location});
+  ui& desk = app.outside.desk;
+  const auto nodes = ReadyNodes(app.work.document, app.registers);
+  if (const auto* refused = std::get_if<report>(&nodes)) return ShowReport(desk, *refused);
+  const std::string path = AskSourcePath(app);
+  if (path.empty()) return;
+  const source_result source =
+      WriteSource(app.work.document, std::get<0>(nodes), app.registers,
+                  {.path = path, .moment = app.outside.now(), .mode = app.options.expert});
+  if (source.problem) ShowReport(desk, *source.problem);
+  if (source.status == write_status::kFailed) return;  // no tool runs on the old file
+  (void)RunToolchain({path, app.options.run_opt, location},
+                     {.options = app.options, .runner = app.outside.runner, .boxes = desk});
 }
 
 }  // namespace mardel

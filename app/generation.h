@@ -2,18 +2,17 @@
 #pragma once
 
 #include <optional>
-#include <string>
+#include <variant>
+#include <vector>
 
 #include "app/program.h"
-#include "codegen/source_writer.h"
-#include "codegen/toolchain.h"
+#include "codegen/netlist.h"
 
 namespace mardel {
 
-// Nothing when the design was refused.
-std::optional<source_result> GenerateSource(program& app);
-
-toolchain_result RunTools(const program& app, const toolchain_request& asked);
+// The nodes of a design that can become a program, or the first problem that keeps it from that.
+[[nodiscard]] std::variant<std::vector<net_node>, report> ReadyNodes(const design& document,
+                                                                     register_pool& pool);
 
 // The window's commands; `location` is the program location, or nothing to run from RAM. kept: when
 // the source file can't be created, the tools run on whatever stands under its name.

@@ -7,40 +7,51 @@
 #include "app/generation.h"
 #include "app/headless_program.h"
 #include "app/paths.h"
-#include "codegen/netlist.h"
+#include "app/reports.h"
+#include "codegen/design_check.h"
+#include "codegen/source_writer.h"
+#include "codegen/toolchain.h"
 #include "library/block_directory.h"
 #include "platform/desktop.h"
 
 namespace mardel {
 namespace {
 
-exit_status RunToolsFor(const program& app, const generate_request& asked,
-                        const std::string& source) {
-  switch (RunTools(app, {source, asked.steps, asked.location})) {
+// What a tool that failed has said.
+class error_lines : public message_boxes {
+ public:
+  answer ShowMessage(const message& shown) override {
+    std::cerr << ReportLine(shown) << std::endl;
+    return answer::kOk;
+  }
+};
+
+exit_status RunTools(const settings& options, const toolchain_request& asked) {
+  host_process_runner runner;
+  error_lines boxes;
+  switch (RunToolchain(asked, {.options = options, .runner = runner, .boxes = boxes})) {
     case toolchain_result::kDone:
       return exit_status::kDone;
     case toolchain_result::kToolFailed:
       return exit_status::kRefused;
     case toolchain_result::kToolNotStarted:
-      return Fail(exit_status::kFileOrToolMissing,
-                  "a tool in the folder " + app.options.exec_path + " could not be started");
+      break;
   }
-  return exit_status::kRefused;
+  return Fail(exit_status::kFileOrToolMissing,
+              "a tool in the folder " + options.exec_path + " could not be started");
 }
 
-exit_status CheckFile(headless_program& headless, const std::string& path) {
-  headless.desk.prefix = path + ": ";
-  const design& document = headless.app.work.document;
-  const exit_status loaded = LoadWhole(headless.app, path);
-  if (loaded == exit_status::kFileOrToolMissing) return loaded;
-  std::vector<design_problem> problems = FindTypeMismatches(document, problem_search::kAll);
-  std::ranges::move(FindUnsetAndUnconnected(document, problem_search::kAll),
+exit_status CheckFile(const headless_program& run, const std::string& path) {
+  const std::string prefix = path + ": ";
+  const loaded_design loaded = Load(run, path, prefix);
+  std::vector<report> problems = FindTypeMismatches(loaded.document, problem_search::kAll);
+  std::ranges::move(CheckDesign(loaded.document, problem_search::kAll),
                     std::back_inserter(problems));
-  for (const design_problem& problem : problems) headless.desk.ShowMessage(problem.report);
-  return problems.empty() ? loaded : exit_status::kRefused;
+  for (const report& problem : problems) Print(problem, prefix);
+  return problems.empty() ? StatusOf(loaded) : exit_status::kRefused;
 }
 
-exit_status Print(std::string text) {
+exit_status WriteOut(std::string text) {
   std::erase(text, '\r');
   std::cout << text << std::flush;
   return std::cout ? exit_status::kDone
@@ -76,47 +87,54 @@ exit_status Run(const generate_request& asked) {
     return Run(usage_error{"the output would replace the design " + asked.design});
   }
   const auto measures = FixedTextMetrics();
-  headless_program headless(output, *measures);
-  program& app = headless.app;
-  const exit_status loaded = LoadWhole(app, asked.design);
-  if (loaded != exit_status::kDone) return loaded;
-  const std::optional<source_result> source = GenerateSource(app);
-  if (!source) return exit_status::kRefused;
-  if (source->status == write_status::kFailed) return exit_status::kFileOrToolMissing;  // reported
-  if (source->status == write_status::kNotCreated) {
-    return Fail(exit_status::kFileOrToolMissing, asked.output + " could not be written");
+  headless_program run(*measures);
+  loaded_design loaded = Load(run, asked.design);
+  if (StatusOf(loaded) != exit_status::kDone) return StatusOf(loaded);
+  const auto nodes = ReadyNodes(loaded.document, run.registers);
+  if (const auto* refused = std::get_if<report>(&nodes)) {
+    Print(*refused);
+    return exit_status::kRefused;
   }
-  if (!source->is_complete) return exit_status::kRefused;
-  return RunToolsFor(app, asked, output);
+  const source_result source =
+      WriteSource(loaded.document, std::get<0>(nodes), run.registers,
+                  {.path = output, .moment = Now(), .mode = run.options.expert});
+  if (source.problem) Print(*source.problem);
+  switch (source.status) {
+    case write_status::kFailed:
+      return exit_status::kFileOrToolMissing;
+    case write_status::kNotCreated:
+      return Fail(exit_status::kFileOrToolMissing, asked.output + " could not be written");
+    case write_status::kWritten:
+      break;
+  }
+  if (source.problem) return exit_status::kRefused;
+  return RunTools(run.options, {output, asked.steps, asked.location});
 }
 
 exit_status Run(const check_request& asked) {
   const auto measures = FixedTextMetrics();
-  headless_program headless("", *measures);
+  const headless_program run(*measures);
   exit_status worst = exit_status::kDone;
-  for (const std::string& path : asked.designs) {
-    worst = std::max(worst, CheckFile(headless, path));
-  }
+  for (const std::string& path : asked.designs) worst = std::max(worst, CheckFile(run, path));
   return worst;
 }
 
 exit_status Run(const list_request& asked) {
   const auto measures = FixedTextMetrics();
-  const headless_program headless("", *measures);
-  const library_set& set = headless.app.libraries;
-  if (asked.library.empty()) return Print(LibraryLines(set));
-  if (set.FindLibrary(asked.library) == nullptr) {
+  const headless_program run(*measures);
+  if (asked.library.empty()) return WriteOut(LibraryLines(run.libraries));
+  if (run.libraries.FindLibrary(asked.library) == nullptr) {
     return Fail(exit_status::kRefused, "there is no library " + asked.library);
   }
-  return Print(BlockTexts(set, asked.library));
+  return WriteOut(BlockTexts(run.libraries, asked.library));
 }
 
 exit_status Run(const help_request& /*asked*/) {
-  return Print(std::string(UsageText()));
+  return WriteOut(std::string(UsageText()));
 }
 
 exit_status Run(const version_request& /*asked*/) {
-  return Print(std::string("Mardel ") + kVersionText + "\n");
+  return WriteOut(std::string("Mardel ") + kVersionText + "\n");
 }
 
 exit_status Run(const usage_error& wrong) {

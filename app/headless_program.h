@@ -3,28 +3,36 @@
 
 #include <string>
 
-#include "app/console_ui.h"
 #include "app/headless.h"
-#include "app/program.h"
+#include "codegen/design_file.h"
+#include "codegen/settings.h"
+#include "library/library_set.h"
+#include "library/register_pool.h"
+#include "platform/painter.h"
 
 namespace mardel {
 
 struct headless_program {
-  // With settings and libraries read. `output` answers the save requester; `measures` must outlive
-  // the program.
-  headless_program(const std::string& output, const text_metrics& measures);
+  // Reads settings and libraries. `measures` must outlive the program.
+  explicit headless_program(const text_metrics& measures);
 
-  console_ui desk;
-  host_process_runner runner;
-  host_clock time;
-  program app;
+  const text_metrics& metrics;
+  settings options;
+  library_set libraries;
+  register_pool registers;
 };
+
+// A line on standard error. `prefix` goes before the report, such as "echo.mrd: ".
+void Print(const report& told, const std::string& prefix = {});
 
 // Says why on standard error; returns `status`.
 exit_status Fail(exit_status status, const std::string& line);
 
-// Opens the design. A block that no library has refuses it whole, so that nothing is made with a
-// hole.
-exit_status LoadWhole(program& app, const std::string& path);
+// What is wrong with the file is printed.
+[[nodiscard]] loaded_design Load(const headless_program& run, const std::string& path,
+                                 const std::string& prefix = {});
+
+// A block that no library has refuses the design whole, so that nothing is made with a hole.
+[[nodiscard]] exit_status StatusOf(const loaded_design& loaded);
 
 }  // namespace mardel

@@ -50,28 +50,41 @@ menu_item Command(const row& shown, const char* modifier) {
   return made;
 }
 
-std::vector<menu_item> ProgramLocations(int& next_id) {
+std::vector<menu_item> ProgramLocations(int first_id) {
   std::vector<menu_item> locations;
   for (int location = 0; location < kProgramLocations; ++location) {
     menu_item& made = locations.emplace_back();
     made.text = "Program Location " + std::to_string(location);
-    made.id = next_id++;
+    made.id = first_id + location;
   }
   return locations;
 }
 
-std::vector<menu_item> Items(std::span<const row> rows, host_kind host, menu_ids& ids,
-                             int& next_id) {
+std::vector<menu_item> Items(std::span<const row> rows, host_kind host, const menu_ids& ids) {
   std::vector<menu_item> items;
   for (const row& shown : rows) {
     menu_item& made = items.emplace_back(Command(shown, host == host_kind::kMac ? "cmd" : "Ctrl"));
     if (shown.kind == menu_item_kind::kSubmenu) {
-      ids.*shown.id = next_id;
-      made.items = ProgramLocations(next_id);
+      made.items = ProgramLocations(ids.*shown.id);
     } else if (shown.id != nullptr) {
-      int& id = ids.*shown.id;
-      if (id == 0) id = next_id++;
-      made.id = id;
+      made.id = ids.*shown.id;
+    }
+  }
+  return items;
+}
+
+std::vector<menu_item> LibraryItems(const library_set& libraries) {
+  std::vector<menu_item> items;
+  auto definition = libraries.Definitions().begin();
+  for (const definition_group& group : libraries.Groups()) {
+    menu_item& submenu = items.emplace_back();
+    submenu.kind = menu_item_kind::kSubmenu;
+    submenu.text = group.title;
+    for (std::size_t i = 0; i < group.count; ++i, ++definition) {
+      menu_item& block = submenu.items.emplace_back();
+      block.text = definition->sub;
+      block.id = definition->id;
+      block.tooltip = definition->desc;
     }
   }
   return items;
@@ -79,16 +92,17 @@ std::vector<menu_item> Items(std::span<const row> rows, host_kind host, menu_ids
 
 }  // namespace
 
-menu FileMenu(host_kind host, menu_ids& ids, int& next_id) {
-  return {"File", Items(kFileRows, host, ids, next_id)};
+menu_ids MenuIds(int next_id) {
+  menu_ids ids;
+  for (int* id : {&ids.last_library_id, &ids.block_directory, &ids.escape}) *id = next_id++;
+  return ids;
 }
 
-menu EditMenu(host_kind host, menu_ids& ids, int& next_id) {
-  return {"Edit", Items(kEditRows, host, ids, next_id)};
-}
-
-menu HelpMenu(host_kind host, menu_ids& ids, int& next_id) {
-  return {"Help", Items(kHelpRows, host, ids, next_id)};
+std::vector<menu> MenuBar(host_kind host, const menu_ids& ids, const library_set& libraries) {
+  return {{"File", Items(kFileRows, host, ids)},
+          {"Edit", Items(kEditRows, host, ids)},
+          {"Libraries", LibraryItems(libraries)},
+          {"Help", Items(kHelpRows, host, ids)}};
 }
 
 }  // namespace mardel

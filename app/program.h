@@ -8,6 +8,7 @@
 #include "codegen/settings.h"
 #include "editor/rendering.h"
 #include "editor/workspace.h"
+#include "library/builtin_libraries.h"
 #include "library/library_set.h"
 #include "library/register_pool.h"
 #include "platform/clock.h"
@@ -21,7 +22,7 @@ struct edges {
   ui& desk;
   const text_metrics& metrics;
   process_runner& runner;
-  const clock& time;
+  date_time (*now)() = Now;
 };
 
 struct program {
@@ -31,7 +32,7 @@ struct program {
   settings options;
   std::string configuration_path;  // written to
   library_set libraries;
-  register_pool registers;
+  register_pool registers = ChipRegisters();
   menu_ids ids;
   workspace work;
   grid grid_lines = grid::kHidden;

@@ -62,19 +62,20 @@ exit_status Run(const render_request& asked) {
     return Run(usage_error{"the output would replace the design " + asked.design});
   }
   const std::unique_ptr<picture_maker> pictures = StartPictures();
-  headless_program headless("", pictures->Metrics());
-  program& app = headless.app;
-  const exit_status loaded = LoadWhole(app, asked.design);
-  if (loaded != exit_status::kDone) return loaded;
-  const drawing_context context{app.libraries, app.outside.metrics, asked.lines};
-  const auto area = Area(app.work.document, context, asked);
-  if (const auto* refused = std::get_if<refusal>(&area))
+  const headless_program run(pictures->Metrics());
+  const loaded_design loaded = Load(run, asked.design);
+  if (StatusOf(loaded) != exit_status::kDone) return StatusOf(loaded);
+  const drawing_context context{run.libraries, run.metrics, asked.lines};
+  const auto area = Area(loaded.document, context, asked);
+  if (const auto* refused = std::get_if<refusal>(&area)) {
     return Fail(exit_status::kRefused, refused->text);
+  }
   const std::optional<std::string> content =
       pictures->Make(*FormatOfPicture(asked.output), {std::get<rectangle>(area), asked.scale},
-                     [&](painter& canvas) { DrawDesign(canvas, app.work.document, context); });
-  if (!content)
+                     [&](painter& canvas) { DrawDesign(canvas, loaded.document, context); });
+  if (!content) {
     return Fail(exit_status::kFileOrToolMissing, "there is not enough memory for the picture");
+  }
   if (ReplaceFile(asked.output, *content) != write_status::kWritten) {
     return Fail(exit_status::kFileOrToolMissing, asked.output + " could not be written");
   }

@@ -1,7 +1,9 @@
 #include "app/startup.h"
 
+#include <utility>
+
 #include "app/configuration.h"
-#include "library/builtin_libraries.h"
+#include "app/reports.h"
 #include "library/library_loader.h"
 #include "platform/files.h"
 
@@ -11,25 +13,27 @@ host_facts ThisHost() {
   return {HostKind(), HostFolders(), CurrentFolder()};
 }
 
-void ReadSettings(program& app, const host_facts& host) {
+configuration ReadConfiguration(const host_facts& host) {
   const auto path = [&] { return ConfigurationPath(host.current_folder, host.folders.documents); };
-  app.options = DefaultSettings(host.kind, host.folders);
-  LoadConfiguration(app.options, path(), app.outside.desk);
-  app.configuration_path = path();
+  configuration read{.options = DefaultSettings(host.kind, host.folders)};
+  read.reports = LoadConfiguration(read.options, path());
+  read.path = path();
+  return read;
 }
 
-std::vector<menu> BuildMenus(program& app, host_kind host) {
-  int next_id = 1;
-  std::vector<menu> bar{FileMenu(host, app.ids, next_id), EditMenu(host, app.ids, next_id),
-                        menu{"Libraries", {}}};
-  app.ids.first_library_id = next_id++;
-  menu_builder builder{bar.back(), next_id, app.outside.metrics};
-  BuildBuiltinLibraries(app.libraries, app.registers, builder, app.options.expert);
-  LoadLibraryFiles(app.libraries, builder, app.options.libraries_path, app.outside.desk);
-  app.ids.last_library_id = next_id++;
-  bar.push_back(HelpMenu(host, app.ids, next_id));
-  app.ids.escape = next_id++;
-  return bar;
+void ReadSettings(program& app, const host_facts& host) {
+  const configuration read = ReadConfiguration(host);
+  app.options = read.options;
+  app.configuration_path = read.path;
+  ShowReports(app.outside.desk, read.reports);
+}
+
+std::vector<report> FillLibraries(program& app) {
+  loaded_libraries loaded = LoadLibraries(app.options.libraries_path, app.options.expert,
+                                          app.ids.first_library_id + 1, app.outside.metrics);
+  app.libraries = std::move(loaded.libraries);
+  app.ids = MenuIds(loaded.next_id);
+  return std::move(loaded.reports);
 }
 
 }  // namespace mardel

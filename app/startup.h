@@ -1,12 +1,12 @@
-// What happens before the first event, with a window and without one.
+// What happens before the first event.
 #pragma once
 
 #include <string>
 #include <vector>
 
 #include "app/program.h"
+#include "library/report.h"
 #include "platform/host.h"
-#include "platform/menu.h"
 
 namespace mardel {
 
@@ -18,10 +18,19 @@ struct host_facts {
 
 host_facts ThisHost();
 
+struct configuration {
+  settings options;
+  std::string path = {};             // written to
+  std::vector<report> reports = {};  // none, or what is wrong with the file
+};
+
 // Defaults, then the configuration file.
+[[nodiscard]] configuration ReadConfiguration(const host_facts& host);
+
+// Gives the program its settings; a problem is shown.
 void ReadSettings(program& app, const host_facts& host);
 
-// The menu bar with the libraries, which are built and loaded on the way.
-std::vector<menu> BuildMenus(program& app, host_kind host);
+// Gives the program its libraries, and the menu items behind them their ids.
+[[nodiscard]] std::vector<report> FillLibraries(program& app);
 
 }  // namespace mardel

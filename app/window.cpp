@@ -5,6 +5,7 @@
 #include "app/event_handling.h"
 #include "app/file_commands.h"
 #include "app/paths.h"
+#include "app/reports.h"
 #include "app/startup.h"
 #include "app/title.h"
 
@@ -35,13 +36,14 @@ int RunWindow(const std::string& design_path, int& argument_count, char** argume
   const std::unique_ptr<desktop> desk = StartDesktop(argument_count, arguments);
   if (desk == nullptr) return 1;
   host_process_runner runner;
-  const host_clock time;
-  program app({*desk, desk->Metrics(), runner, time});
+  program app({*desk, desk->Metrics(), runner});
   const host_facts host = ThisHost();
   ReadSettings(app, host);
   desk->OpenMainWindow(MainWindow(app));
-  desk->SetMenuBar(BuildMenus(app, host.kind));
+  const std::vector<report> reports = FillLibraries(app);
+  desk->SetMenuBar(MenuBar(host.kind, app.ids, app.libraries));
   desk->AddShortcut("Escape", app.ids.escape);
+  ShowReports(*desk, reports);
   if (!design_path.empty()) OpenFile(app, AbsolutePath(design_path));
   return desk->Run([&app](const event& happened) { return HandleEvent(app, happened); });
 }

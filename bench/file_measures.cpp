@@ -14,16 +14,15 @@ namespace {
 void Open(benchmark::State& state, std::size_t blocks) {
   design_program generated;
   generated.Generate(blocks);
-  const std::string bytes = DesignText(generated.Document());
+  const std::string bytes = DesignText(generated.document);
   design_program opened;
-  const program& app = opened.headless.app;
-  const load_context context{app.libraries, app.outside.metrics, "\n", opened.headless.desk};
+  const load_context context{opened.run.libraries, *opened.measures, "\n"};
   for (auto _ : state) {
-    ClearDesign(opened.Document());
+    ClearDesign(opened.document);
     TimeComputing(state, [&] {
       const xml_result read = ParseXml(bytes);
-      ReadDesign(opened.Document(), read.tree.Root(), context.line_separator);
-      RelinkDesign(opened.Document(), context);
+      ReadDesign(opened.document, read.tree.Root(), context.line_separator);
+      (void)RelinkDesign(opened.document, context);
     });
   }
 }
@@ -35,7 +34,7 @@ void OnCharacters(void* /*data*/, const XML_Char* /*text*/, int /*size*/) {}
 void ParseOnly(benchmark::State& state, std::size_t blocks) {
   design_program generated;
   generated.Generate(blocks);
-  const std::string bytes = DesignText(generated.Document());
+  const std::string bytes = DesignText(generated.document);
   for (auto _ : state) {
     TimeComputing(state, [&] {
       const XML_Parser parser = XML_ParserCreate(nullptr);
@@ -51,14 +50,14 @@ void Save(benchmark::State& state, const std::string& path, std::size_t blocks) 
   design_program generated;
   generated.Generate(blocks);
   for (auto _ : state) {
-    TimeWaiting(state, [&] { benchmark::DoNotOptimize(SaveDesign(generated.Document(), path)); });
+    TimeWaiting(state, [&] { benchmark::DoNotOptimize(SaveDesign(generated.document, path)); });
   }
 }
 
 void WriteOnly(benchmark::State& state, const std::string& path, std::size_t blocks) {
   design_program generated;
   generated.Generate(blocks);
-  const std::string bytes = DesignText(generated.Document());
+  const std::string bytes = DesignText(generated.document);
   const std::string beside = path + "~";
   for (auto _ : state) {
     TimeWaiting(state, [&] {

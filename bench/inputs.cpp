@@ -51,11 +51,10 @@ std::string inputs::SampleDesign() const {
   return samples_home_ + "Echo.mrd";
 }
 
-design_program::design_program(const std::string& output)
-    : measures(FixedTextMetrics()), headless(output, *measures) {}
+design_program::design_program() : measures(FixedTextMetrics()), run(*measures) {}
 
 void design_program::Generate(std::size_t blocks) {
-  GenerateDesign(Document(), headless.app.libraries, {.blocks = blocks});
+  GenerateDesign(document, run.libraries, {.blocks = blocks});
 }
 
 }  // namespace mardel

@@ -28,12 +28,12 @@ class inputs {
 
 // With the built-in libraries and "synth0", which a design is generated from.
 struct design_program {
-  explicit design_program(const std::string& output = {});
+  design_program();
   void Generate(std::size_t blocks);
-  design& Document() { return headless.app.work.document; }
 
   std::unique_ptr<text_metrics> measures;
-  headless_program headless;
+  headless_program run;
+  design document;
 };
 
 }  // namespace mardel

@@ -2,6 +2,7 @@
 #include <unordered_map>
 
 #include "bench/measures.h"
+#include "codegen/design_check.h"
 #include "codegen/net_ends.h"
 #include "codegen/netlist.h"
 #include "codegen/source_writer.h"
@@ -15,12 +16,11 @@ constexpr std::size_t kSizes[] = {100, 1000, 10000, 100000};
 void Netlist(benchmark::State& state, std::size_t blocks) {
   design_program generated;
   generated.Generate(blocks);
-  program& app = generated.headless.app;
   for (auto _ : state) {
-    std::optional<std::vector<net_node>> nodes;
-    TimeComputing(
-        state, [&] { nodes = BuildNetlist(app.work.document, app.registers, app.outside.desk); });
-    if (!nodes) state.SkipWithError("the design was refused");
+    std::variant<std::vector<net_node>, report> built;
+    TimeComputing(state,
+                  [&] { built = BuildNetlist(generated.document, generated.run.registers); });
+    if (built.index() != 0) state.SkipWithError("the design was refused");
   }
 }
 
@@ -31,7 +31,7 @@ void InsertEnds(benchmark::State& state, std::size_t blocks) {
     std::unordered_map<net_end, std::uint32_t, net_end_hash> ends;
     TimeComputing(state, [&] {
       std::uint32_t number = 0;
-      for (const net& wire : generated.Document().nets) {
+      for (const net& wire : generated.document.nets) {
         ends.try_emplace({wire.id_1, wire.pin_1_name}, number++);
         ends.try_emplace({wire.id_2, wire.pin_2_name}, number++);
       }
@@ -39,18 +39,21 @@ void InsertEnds(benchmark::State& state, std::size_t blocks) {
   }
 }
 
+// The nodes of `of` into the source at `path`.
+bool Write(design_program& of, const std::vector<net_node>& nodes, const std::string& path) {
+  const source_result result =
+      WriteSource(of.document, nodes, of.run.registers, {.path = path, .moment = Now()});
+  return result.status == write_status::kWritten && !result.problem;
+}
+
 void CheckAndWrite(benchmark::State& state, const std::string& path, std::size_t blocks) {
-  design_program generated(path);
+  design_program generated;
   generated.Generate(blocks);
-  program& app = generated.headless.app;
-  const auto nodes = BuildNetlist(app.work.document, app.registers, app.outside.desk);
+  const auto nodes = BuildNetlist(generated.document, generated.run.registers);
   for (auto _ : state) {
     TimeComputing(state, [&] {
-      const bool is_complete =
-          CheckDesign(app.work.document, app.outside.desk) &&
-          WriteSource(app.work.document, *nodes, app.registers,
-                      {.options = app.options, .time = app.outside.time, .desk = app.outside.desk})
-              .is_complete;
+      const bool is_complete = CheckDesign(generated.document, problem_search::kFirst).empty() &&
+                               Write(generated, std::get<0>(nodes), path);
       if (!is_complete) state.SkipWithError("the design was refused");
     });
   }
@@ -107,12 +110,10 @@ std::string Format(const ready_source& source) {
 }
 
 void FormatOnly(benchmark::State& state, const std::string& path, std::size_t blocks) {
-  design_program generated(path);
+  design_program generated;
   generated.Generate(blocks);
-  program& app = generated.headless.app;
-  const auto nodes = BuildNetlist(app.work.document, app.registers, app.outside.desk);
-  WriteSource(app.work.document, *nodes, app.registers,
-              {.options = app.options, .time = app.outside.time, .desk = app.outside.desk});
+  const auto nodes = BuildNetlist(generated.document, generated.run.registers);
+  Write(generated, std::get<0>(nodes), path);
   const std::string written = ReadFile(path).value_or("");
   const ready_source source = ReadSource(written);
   if (Format(source) != written) state.SkipWithError("the floor writes another source");

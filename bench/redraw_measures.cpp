@@ -112,7 +112,7 @@ struct canvas_pair {
   void DrawDesignInto(QImage& image) {
     QPainter target(&image);
     qt_painter canvas(target, QRectF(image.rect()), texts);
-    DrawDesign(canvas, generated.Document(), context);
+    DrawDesign(canvas, generated.document, context);
   }
   void IssueInto(QImage& image, const std::vector<primitive>& primitives) const {
     QPainter target(&image);
@@ -120,7 +120,7 @@ struct canvas_pair {
   }
   std::vector<primitive> Primitives() {
     primitive_recorder recorder;
-    DrawDesign(recorder, generated.Document(), context);
+    DrawDesign(recorder, generated.document, context);
     return recorder.primitives;
   }
 
@@ -128,7 +128,7 @@ struct canvas_pair {
   design_program generated;
   text_layouts texts;
   qt_text_metrics metrics{texts};
-  drawing_context context{generated.headless.app.libraries, metrics, grid::kShown};
+  drawing_context context{generated.run.libraries, metrics, grid::kShown};
 };
 
 void Redraw(benchmark::State& state, std::size_t blocks) {

@@ -1,9 +1,8 @@
 // From the start of a process to what the user sees of it.
 #include <cstdlib>
 #include <filesystem>
-#include <iostream>
 
-#include "app/startup.h"
+#include "app/main_menu.h"
 #include "bench/child.h"
 #include "bench/measures.h"
 #include "codegen/design_file.h"
@@ -25,14 +24,9 @@ void Count(const std::vector<menu_item>& items, int& commands) {
 std::vector<std::string> MenuCounts(const std::string& home) {
   setenv("HOME", home.c_str(), 1);
   const auto measures = FixedTextMetrics();
-  console_ui desk(std::cerr);
-  host_process_runner runner;
-  const host_clock time;
-  program app({desk, *measures, runner, time});
-  const host_facts host = ThisHost();
-  ReadSettings(app, host);
+  const headless_program run(*measures);
   int submenus = 0, commands = 0;
-  for (const menu& each : BuildMenus(app, host.kind)) {
+  for (const menu& each : MenuBar(HostKind(), {}, run.libraries)) {
     for (const menu_item& top : each.items) submenus += top.kind == menu_item_kind::kSubmenu;
     Count(each.items, commands);
   }
@@ -79,7 +73,7 @@ void AddProcessMeasures(table& all, const inputs& in) {
   const std::string path = in.Folder() + "large.mrd";
   design_program generated;
   generated.Generate(10000);
-  SaveDesign(generated.Document(), path);
+  (void)SaveDesign(generated.document, path);
   const auto run = [](benchmark::State& state, const command& started) {
     for (auto _ : state) {
       ending end;

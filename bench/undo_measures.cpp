@@ -28,7 +28,8 @@ void Select(design& document) {
 void RecordAndUndo(benchmark::State& state) {
   design_program generated;
   generated.Generate(kBlocks);
-  workspace& work = generated.headless.app.work;
+  workspace work;
+  work.document = std::move(generated.document);
   Select(work.document);
   std::size_t records = 0;
   for (auto _ : state) {
@@ -44,7 +45,7 @@ void RecordAndUndo(benchmark::State& state) {
 void Serialise(benchmark::State& state) {
   design_program generated;
   generated.Generate(kBlocks);
-  design& document = generated.Document();
+  design& document = generated.document;
   Select(document);
   std::vector<const dvblock*> blocks;
   std::vector<const net*> nets;

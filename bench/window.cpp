@@ -28,11 +28,12 @@ offscreen_desktop::offscreen_desktop() {
 }
 
 bench_window::bench_window(std::size_t blocks, QSize size) {
-  app_ = std::make_unique<program>(edges{*desk_, desk_->Metrics(), runner_, time_});
+  app_ = std::make_unique<program>(edges{*desk_, desk_->Metrics(), runner_});
   const host_facts host = ThisHost();
   ReadSettings(*app_, host);
   desk_->OpenMainWindow(MainWindow(*app_));
-  desk_->SetMenuBar(BuildMenus(*app_, host.kind));
+  (void)FillLibraries(*app_);
+  desk_->SetMenuBar(MenuBar(host.kind, app_->ids, app_->libraries));
   GenerateDesign(app_->work.document, app_->libraries, {.blocks = blocks});
   canvas_ = FindCanvas();
   canvas_->window()->resize(size);

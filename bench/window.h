@@ -49,7 +49,6 @@ class bench_window {
 
   offscreen_desktop desk_;
   host_process_runner runner_;
-  host_clock time_;
   std::unique_ptr<program> app_;
   QWidget* canvas_ = nullptr;
 };

@@ -1,43 +1,51 @@
-#include <unordered_map>
+#include "codegen/design_check.h"
 
-#include "codegen/netlist_steps.h"
+#include <unordered_map>
 
 namespace mardel {
 namespace {
 
-message Problem(const char* title, std::string text) {
-  return {title, std::move(text), message_buttons::kOk, message_icon::kStop};
-}
-
 using block_names = std::unordered_map<std::int64_t, std::string_view, id_hash>;
 
-std::string Mismatch(const net& wire, const block_names& names) {
+report Mismatch(const net& wire, const block_names& names) {
   const auto name_of = [&](std::int64_t id) {
     const auto found = names.find(id);
     return found == names.end() ? std::string() : std::string(found->second);
   };
-  return "Pin type mismatch: " + name_of(wire.id_1) + ":" + wire.pin_1_name + " -- " +
-         name_of(wire.id_2) + ":" + wire.pin_2_name;
+  return {.kind = rule::kTypeMismatch,
+          .text = {"Net Error", "Pin type mismatch: " + name_of(wire.id_1) + ":" + wire.pin_1_name +
+                                    " -- " + name_of(wire.id_2) + ":" + wire.pin_2_name},
+          .where = {.net_id = wire.net_id,
+                    .at = point{wire.x_1, wire.y_1},
+                    .other_end = point{wire.x_2, wire.y_2}}};
 }
 
-std::string OnBlock(const dvblock& block) {
-  return " on block " + std::to_string(block.id) + ", " + block.sub;
+report OnBlock(const dvblock& block, rule kind, const char* title, const std::string& problem) {
+  return {.kind = kind,
+          .text = {title, problem + " on block " + std::to_string(block.id) + ", " + block.sub},
+          .where = {.block_id = block.id, .at = point{block.x, block.y}}};
 }
 
-void CheckBlock(const dvblock& block, const net_ends& ends, std::vector<design_problem>& found) {
+void CheckBlock(const dvblock& block, const net_ends& ends, std::vector<report>& found) {
   for (const param& p : block.params) {
-    if (!p.param_value.empty()) continue;
-    found.push_back({Problem("Parameter Error", "Failed to set a parameter" + OnBlock(block) +
-                                                    " parameter: " + p.param_name)});
+    if (p.param_value.empty()) found.push_back(UnsetParameter(block, p.param_name));
   }
   for (const pin& p : block.pins) {
     if (ends.Find(block.id, p.pin_name) != kNoNumber) continue;
-    found.push_back({Problem("Unconnected Pin Error",
-                             "Unconnected pin" + OnBlock(block) + " pin: " + p.pin_name)});
+    found.push_back(
+        OnBlock(block, rule::kUnconnectedPin, "Unconnected Pin Error", "Unconnected pin"));
+    found.back().text.text += " pin: " + p.pin_name;
   }
 }
 
 }  // namespace
+
+report UnsetParameter(const dvblock& block, std::string_view name) {
+  report found =
+      OnBlock(block, rule::kUnsetParameter, "Parameter Error", "Failed to set a parameter");
+  found.text.text.append(" parameter: ").append(name);
+  return found;
+}
 
 std::vector<std::string_view> EndTypes(const design& document, const net_ends& ends) {
   std::vector<std::string_view> types(ends.Count());
@@ -53,33 +61,32 @@ std::vector<std::string_view> EndTypes(const design& document, const net_ends& e
   return types;
 }
 
-std::vector<design_problem> FindTypeMismatches(const design& document, const net_ends& ends,
-                                               const std::vector<std::string_view>& types,
-                                               problem_search search) {
-  std::vector<design_problem> found;
+std::vector<report> FindTypeMismatches(const design& document, const net_ends& ends,
+                                       const std::vector<std::string_view>& types,
+                                       problem_search search) {
+  std::vector<const net*> mismatched;
   for (const end_pair& both : ends.Pairs()) {
     if (types[both.first] == types[both.second]) continue;
-    found.push_back({{}, both.wire});
+    mismatched.push_back(both.wire);
     if (search == problem_search::kFirst) break;
   }
-  if (found.empty()) return found;
+  if (mismatched.empty()) return {};
 
   block_names names;
   for (const dvblock& block : document.blocks) names.emplace(block.id, block.sub);
-  for (design_problem& problem : found) {
-    problem.report = Problem("Net Error", Mismatch(*problem.wire, names));
-  }
+  std::vector<report> found;
+  for (const net* wire : mismatched) found.push_back(Mismatch(*wire, names));
   return found;
 }
 
-std::vector<design_problem> FindTypeMismatches(const design& document, problem_search search) {
+std::vector<report> FindTypeMismatches(const design& document, problem_search search) {
   const net_ends ends(document.nets);
   return FindTypeMismatches(document, ends, EndTypes(document, ends), search);
 }
 
-std::vector<design_problem> FindUnsetAndUnconnected(const design& document, problem_search search) {
+std::vector<report> CheckDesign(const design& document, problem_search search) {
   const net_ends ends(document.nets);
-  std::vector<design_problem> found;
+  std::vector<report> found;
   for (const dvblock& block : document.blocks) {
     CheckBlock(block, ends, found);
     if (search == problem_search::kFirst && !found.empty()) {
@@ -88,14 +95,6 @@ std::vector<design_problem> FindUnsetAndUnconnected(const design& document, prob
     }
   }
   return found;
-}
-
-bool CheckDesign(const design& document, ui& desk) {
-  const std::vector<design_problem> problems =
-      FindUnsetAndUnconnected(document, problem_search::kFirst);
-  if (problems.empty()) return true;
-  desk.ShowMessage(problems.front().report);
-  return false;
 }
 
 }  // namespace mardel

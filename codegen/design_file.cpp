@@ -17,34 +17,32 @@ load_status StatusOf(xml_status read) {
   return load_status::kMalformed;
 }
 
-void ReportFailure(load_status status, const std::string& path, ui& desk) {
-  const bool is_malformed = status == load_status::kMalformed;
-  desk.ShowMessage({is_malformed ? "Error Parsing Design" : "Error Loading Design",
-                    "Design named " + path +
-                        (is_malformed ? " experienced an XML parsing error."
-                                      : " experienced a loading error.")});
+report Failure(load_status status, const std::string& path) {
+  const std::string design_named = "Design named " + path;
+  if (status == load_status::kMalformed) {
+    return {.kind = rule::kDesignMalformed,
+            .text = {"Error Parsing Design", design_named + " experienced an XML parsing error."}};
+  }
+  return {.kind = rule::kDesignNotLoaded,
+          .text = {"Error Loading Design", design_named + " experienced a loading error."}};
 }
 
 }  // namespace
 
-load_result LoadDesign(design& document, const std::string& path, const load_context& context) {
-  ClearDesign(document);
-  load_result result;
+loaded_design LoadDesign(const std::string& path, const load_context& context) {
+  loaded_design loaded;
   {
     const xml_result read = ReadXmlFile(path);
-    result.status = StatusOf(read.status);
-    if (result.status == load_status::kLoaded) {
-      ReadDesign(document, read.tree.Root(), context.line_separator);
+    loaded.status = StatusOf(read.status);
+    if (loaded.status != load_status::kLoaded) {
+      loaded.reports.push_back(Failure(loaded.status, path));
+      return loaded;
     }
+    ReadDesign(loaded.document, read.tree.Root(), context.line_separator);
   }
-  if (result.status != load_status::kLoaded) {
-    document.file_name.clear();
-    ReportFailure(result.status, path, context.desk);
-    return result;
-  }
-  document.file_name = path;
-  result.missing_blocks = RelinkDesign(document, context);
-  return result;
+  loaded.document.file_name = path;
+  loaded.reports = RelinkDesign(loaded.document, context);
+  return loaded;
 }
 
 }  // namespace mardel

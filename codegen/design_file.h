@@ -3,11 +3,12 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "editor/design.h"
 #include "library/library_set.h"
+#include "library/report.h"
 #include "platform/files.h"
-#include "platform/ui.h"
 
 namespace mardel {
 
@@ -16,25 +17,24 @@ namespace mardel {
 std::string DesignText(const design& document);
 
 // Writes the file; neither the flag nor the name of the design changes.
-write_status SaveDesign(const design& document, const std::string& path);
+[[nodiscard]] write_status SaveDesign(const design& document, const std::string& path);
 
 enum class load_status { kLoaded, kNotLoaded, kMalformed };
 
-struct load_result {
+struct loaded_design {
   load_status status = load_status::kLoaded;
-  int missing_blocks = 0;  // blocks removed because no library has them
+  design document;  // named after the file; empty and without a name when it can't be read
+  // Why it can't be read; else each block that was removed, since no library has it.
+  std::vector<report> reports;
 };
 
 struct load_context {
   const library_set& libraries;
   const text_metrics& metrics;
-  std::string_view line_separator;  // of notes, by host family
-  ui& desk;                         // shows what went wrong
+  std::string_view line_separator;  // of notes, by host
 };
 
-// Replaces the design by the file's, links its blocks to their definitions, and names it after
-// `path`
-// ("" when it can't be read, which leaves an empty design). Neither redraws nor sets the title.
-load_result LoadDesign(design& document, const std::string& path, const load_context& context);
+// With its blocks linked to their definitions.
+[[nodiscard]] loaded_design LoadDesign(const std::string& path, const load_context& context);
 
 }  // namespace mardel

@@ -10,8 +10,8 @@ namespace mardel {
 void ReadDesign(design& document, xml_tree::node root, std::string_view line_separator);
 
 // Gives the blocks what their definitions say, the nets their end points and the notes their sizes,
-// and sets the next ids past those in use. Blocks without a definition are reported and removed
-// with their nets; returns how many.
-int RelinkDesign(design& document, const load_context& context);
+// and sets the next ids past those in use. Blocks without a definition are removed with their nets
+// and reported.
+[[nodiscard]] std::vector<report> RelinkDesign(design& document, const load_context& context);
 
 }  // namespace mardel

@@ -51,11 +51,13 @@ void RaisePast(std::int64_t& next, std::int64_t id) {
   if (id >= next) next = id + 1;
 }
 
-message MissingBlock(const dvblock& block) {
-  return {"Library block Error",
-          "Block from library " + block.lib + " named " + block.sub +
-              " was not found, check you have the proper library in the directory. "
-              "Block has been removed from the design."};
+report MissingBlock(const dvblock& block) {
+  return {.kind = rule::kMissingBlock,
+          .text = {"Library block Error",
+                   "Block from library " + block.lib + " named " + block.sub +
+                       " was not found, check you have the proper library in the directory. "
+                       "Block has been removed from the design."},
+          .where = {.block_id = block.id, .at = point{block.x, block.y}}};
 }
 
 template <class T, class predicate>
@@ -66,10 +68,10 @@ void DeleteWhere(cursor_list<T>& list, predicate is_meant) {
 }
 
 // What is to be said about the blocks that were removed.
-std::vector<message> RelinkBlocks(design& document, const library_set& libraries) {
+std::vector<report> RelinkBlocks(design& document, const library_set& libraries) {
   std::unordered_map<const std::size_t*, linkage> links;
   std::unordered_set<std::int64_t, id_hash> removed_ids;
-  std::vector<message> missing;
+  std::vector<report> missing;
   DeleteWhere(document.blocks, [&](dvblock& block) {
     const auto definitions = libraries.FindDefinitions(block.lib, block.sub);
     if (definitions.empty()) {
@@ -117,17 +119,15 @@ void PlaceNetEnds(design& document) {
 
 }  // namespace
 
-int RelinkDesign(design& document, const load_context& context) {
-  const std::vector<message> missing = RelinkBlocks(document, context.libraries);
+std::vector<report> RelinkDesign(design& document, const load_context& context) {
+  std::vector<report> missing = RelinkBlocks(document, context.libraries);
   // kept: without blocks the nets are passed over, their ids too.
   if (!document.blocks.empty()) PlaceNetEnds(document);
   for (textblock& note : document.texts) {
     RaisePast(document.next_text_id, note.id);
     MeasureNote(note, context.metrics);
   }
-  // Last, since the canvas behind the boxes shows the design as it is by then.
-  for (const message& each : missing) context.desk.ShowMessage(each);
-  return static_cast<int>(missing.size());
+  return missing;
 }
 
 }  // namespace mardel

@@ -1,25 +1,16 @@
 #include "codegen/netlist.h"
 
+#include "codegen/design_check.h"
 #include "codegen/netlist_steps.h"
 
 namespace mardel {
 namespace {
-
-// As the wires of the canvas.
-constexpr double kNetWidth = 2.0;
 
 void TakeRegistersBack(register_pool& pool) {
   for (memory_register& r : pool.memory) {
     r.is_free = true;
     r.is_declared = false;
   }
-}
-
-void Report(const design_problem& problem, ui& desk) {
-  const net& wire = *problem.wire;
-  desk.ShowOverlay(
-      {overlay::shape::kLine, {{wire.x_1, wire.y_1}, {wire.x_2, wire.y_2}}, {kRed, kNetWidth}});
-  desk.ShowMessage(problem.report);
 }
 
 std::vector<net_node> JoinedNodes(net_grouping& grouping, const net_ends& ends,
@@ -42,17 +33,14 @@ std::vector<net_node> JoinedNodes(net_grouping& grouping, const net_ends& ends,
 
 }  // namespace
 
-std::optional<std::vector<net_node>> BuildNetlist(const design& document, register_pool& pool,
-                                                  ui& desk) {
+std::variant<std::vector<net_node>, report> BuildNetlist(const design& document,
+                                                         register_pool& pool) {
   TakeRegistersBack(pool);
   const net_ends ends(document.nets);
   const std::vector<std::string_view> types = EndTypes(document, ends);
-  const std::vector<design_problem> mismatches =
+  std::vector<report> mismatches =
       FindTypeMismatches(document, ends, types, problem_search::kFirst);
-  if (!mismatches.empty()) {
-    Report(mismatches.front(), desk);
-    return std::nullopt;
-  }
+  if (!mismatches.empty()) return std::move(mismatches.front());
   net_grouping grouping = GroupNets(ends);
   std::vector<net_node> nodes = JoinedNodes(grouping, ends, types);
   NameAfterBlocks(nodes, grouping, ends, TakeNamedRegisters(document, pool));

@@ -3,13 +3,13 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "editor/design.h"
 #include "library/register_pool.h"
-#include "platform/ui.h"
+#include "library/report.h"
 
 namespace mardel {
 
@@ -20,25 +20,9 @@ struct net_node {
   std::vector<const net*> nets;  // of the design, which must outlive the node unchanged
 };
 
-// Something that keeps a design from becoming a program.
-struct design_problem {
-  message report;
-  const net* wire = nullptr;  // the net to show in red
-};
-
-enum class problem_search { kFirst, kAll };
-
-// Nets that join pins of different types, in net order.
-std::vector<design_problem> FindTypeMismatches(const design& document, problem_search search);
-// Parameters without a value and pins without a net, in block order.
-std::vector<design_problem> FindUnsetAndUnconnected(const design& document, problem_search search);
-
-// The nodes, or nothing when a net joins pins of different types; that net is reported and shown in
-// red. Takes all memory registers back first.
-std::optional<std::vector<net_node>> BuildNetlist(const design& document, register_pool& pool,
-                                                  ui& desk);
-
-// Whether every parameter is set and every pin wired; the first that is not is reported.
-bool CheckDesign(const design& document, ui& desk);
+// The nodes; or, when a net joins pins of different types, what is to be said of the first such
+// net. Takes all memory registers back first.
+[[nodiscard]] std::variant<std::vector<net_node>, report> BuildNetlist(const design& document,
+                                                                       register_pool& pool);
 
 }  // namespace mardel

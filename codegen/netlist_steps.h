@@ -13,14 +13,6 @@
 
 namespace mardel {
 
-// The type of the pin under each end; "" where there is no such pin.
-std::vector<std::string_view> EndTypes(const design& document, const net_ends& ends);
-
-// As the function of netlist.h, for ends and types that are known already.
-std::vector<design_problem> FindTypeMismatches(const design& document, const net_ends& ends,
-                                               const std::vector<std::string_view>& types,
-                                               problem_search search);
-
 // A node's nets, linked by `net_grouping::next`.
 struct net_chain {
   std::uint32_t first = 0, last = 0;

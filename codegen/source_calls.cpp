@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <tuple>
 
+#include "codegen/design_check.h"
 #include "codegen/numbering.h"
 #include "platform/hash.h"
 
@@ -72,11 +73,6 @@ void ListArguments(const dvblock& block, std::vector<argument>& arguments) {
   });
 }
 
-message UnsetParameter(const dvblock& block, std::string_view name) {
-  return {"Parameter Error", "Failed to set a parameter on block " + std::to_string(block.id) +
-                                 ", " + block.sub + " parameter: " + std::string(name)};
-}
-
 // Appends the call; the first argument without a value is returned and leaves an unfinished line.
 const argument* AppendCall(std::string& text, const dvblock& block,
                            const std::vector<argument>& arguments, const pin_registers& registers) {
@@ -103,8 +99,8 @@ const argument* AppendCall(std::string& text, const dvblock& block,
 
 }  // namespace
 
-std::optional<message> AppendCalls(std::string& text, std::span<const dvblock* const> blocks,
-                                   const std::vector<net_node>& nodes) {
+std::optional<report> AppendCalls(std::string& text, std::span<const dvblock* const> blocks,
+                                  const std::vector<net_node>& nodes) {
   const pin_registers registers(nodes);
   std::vector<argument> arguments;
   for (const dvblock* block : blocks) {

@@ -13,7 +13,8 @@ namespace mardel {
 
 // Appends one line for each block; none of them stands for a register. Ends at the first parameter
 // without a value, leaving that block's line out, and returns what to report of it.
-std::optional<message> AppendCalls(std::string& text, std::span<const dvblock* const> blocks,
-                                   const std::vector<net_node>& nodes);
+[[nodiscard]] std::optional<report> AppendCalls(std::string& text,
+                                                std::span<const dvblock* const> blocks,
+                                                const std::vector<net_node>& nodes);
 
 }  // namespace mardel

@@ -9,15 +9,6 @@
 namespace mardel {
 namespace {
 
-std::string ProposedName(const settings& options, const std::string& design_name) {
-  std::string_view name = "*";
-  if (!design_name.empty()) {
-    name = FileName(design_name);
-    name = name.substr(0, name.rfind('.'));
-  }
-  return options.files_path + std::string(name) + ".dvc";
-}
-
 std::string Header(const date_time& now) {
   constexpr std::array kMonths = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                   "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
@@ -58,15 +49,25 @@ sorted_blocks SortByX(const design& document) {
   return sorted;
 }
 
+// A library whose blocks are declared, and the word that declares them.
+struct declaration {
+  const char* library;
+  const char* directive;
+};
+constexpr declaration kMemoryDeclaration{"MREG", ".MREG"};
+constexpr declaration kCoreDeclaration{"CREG", ".CREG"};
+constexpr declaration kPresetDeclaration{"SFR", ".SREG"};
+
 // One line for each "Preset" of the library's blocks that `take` allows.
 template <class predicate>
-void Declare(std::string& text, const placed_blocks& blocks, const char* library, predicate take) {
-  const std::string directive = library == std::string_view("SFR") ? "SREG" : library;
+void Declare(std::string& text, const placed_blocks& blocks, const declaration& how,
+             predicate take) {
   for (const dvblock* block : blocks) {
-    if (block->lib != library) continue;
+    if (block->lib != how.library) continue;
     for (const param& p : block->params) {
       if (p.param_name != "Preset" || !take(block->sub)) continue;
-      text += '.' + directive + ' ' + block->sub + ' ' + p.param_value + '\n';
+      text.append(how.directive).append(" ").append(block->sub);
+      text.append(" ").append(p.param_value).append("\n");
     }
   }
 }
@@ -81,50 +82,55 @@ bool TakeDeclaration(chip_register* found) {
 
 std::string Declarations(const placed_blocks& blocks, register_pool& pool, expert_mode mode) {
   std::string text;
-  Declare(text, blocks, "MREG",
+  Declare(text, blocks, kMemoryDeclaration,
           [&](const std::string& name) { return TakeDeclaration(FindMemoryRegister(pool, name)); });
   // kept: a core register placed twice is declared twice.
   if (mode == expert_mode::kOn) {
-    Declare(text, blocks, "CREG", [](const std::string&) { return true; });
+    Declare(text, blocks, kCoreDeclaration, [](const std::string&) { return true; });
   }
   // kept: a preset register is declared once in a run of the program, not once in a file.
-  Declare(text, blocks, "SFR",
+  Declare(text, blocks, kPresetDeclaration,
           [&](const std::string& name) { return TakeDeclaration(FindPresetRegister(pool, name)); });
   return text;
 }
 
+report NotWritten(const std::string& path) {
+  return {.kind = rule::kSourceNotWritten,
+          .text = {"Error Writing Source",
+                   "Source named " + path + " could not be written, the old file was kept."}};
+}
+
 }  // namespace
 
-source_result WriteSource(design& document, const std::vector<net_node>& nodes, register_pool& pool,
-                          const source_context& context) {
-  source_result result;
-  result.path = context.desk.AskSaveFile(
-      {"Please choose file to save", ProposedName(context.options, document.file_name),
-       "Dravik file (*.dvc)|*.dvc|Text (*.txt)|*.txt|All files (*.*)|*.*"});
-  if (result.path.empty()) return result;
+std::string ProposedSourcePath(const std::string& folder, const std::string& design_name) {
+  std::string_view name = "*";
+  if (!design_name.empty()) {
+    name = FileName(design_name);
+    name = name.substr(0, name.rfind('.'));
+  }
+  return folder + std::string(name) + ".dvc";
+}
 
+source_result WriteSource(design& document, const std::vector<net_node>& nodes, register_pool& pool,
+                          const source_request& asked) {
   const sorted_blocks blocks = SortByX(document);
   register_pool declared = pool;
-  std::string text =
-      Header(context.time.Now()) + Declarations(blocks.registers, declared, context.options.expert);
-  const std::optional<message> unset = AppendCalls(text, blocks.others, nodes);
-  result.status = ReplaceFile(result.path, text);
-  if (result.status == write_status::kFailed) {
-    context.desk.ShowMessage(
-        {"Error Writing Source",
-         "Source named " + result.path + " could not be written, the old file was kept."});
-    result.path.clear();  // so that no tool runs on the old file
+  std::string text = Header(asked.moment) + Declarations(blocks.registers, declared, asked.mode);
+  source_result result;
+  result.problem = AppendCalls(text, blocks.others, nodes);
+  result.status = ReplaceFile(asked.path, text);
+  switch (result.status) {
+    case write_status::kWritten:
+      break;
+    case write_status::kNotCreated:
+      return {result.status, std::nullopt};
+    case write_status::kFailed:
+      return {result.status, NotWritten(asked.path)};
   }
-  if (result.status != write_status::kWritten) return result;
-
   if (!blocks.was_sorted) {
     document.blocks.SortStably([](const dvblock& a, const dvblock& b) { return a.x < b.x; });
   }
   pool = std::move(declared);
-  if (unset) {
-    result.is_complete = false;
-    context.desk.ShowMessage(*unset);
-  }
   return result;
 }
 

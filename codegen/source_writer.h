@@ -1,6 +1,7 @@
 // Writes the chip's source file (".dvc").
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -8,28 +9,30 @@
 #include "codegen/settings.h"
 #include "editor/design.h"
 #include "library/register_pool.h"
+#include "library/report.h"
 #include "platform/clock.h"
 #include "platform/files.h"
-#include "platform/ui.h"
 
 namespace mardel {
 
+// The path that a source is first proposed to be written to. `design_name` may be "".
+std::string ProposedSourcePath(const std::string& folder, const std::string& design_name);
+
+struct source_request {
+  std::string path;
+  date_time moment;
+  expert_mode mode = expert_mode::kOff;
+};
+
 struct source_result {
-  std::string path;  // as chosen; "" when cancelled, or when the writing failed
   write_status status = write_status::kWritten;
-  bool is_complete = true;  // false when a parameter without a value ended the writing
+  // A parameter without a value, which ended the writing; or that the old file was kept.
+  std::optional<report> problem;
 };
 
-struct source_context {
-  const settings& options;
-  const clock& time;
-  ui& desk;
-};
-
-// Asks for the file, sorts the blocks by x and writes header, register declarations and one call
-// line per block. Registers' declared flags in `pool` are set. A file that can't be created changes
-// nothing and its path is returned all the same.
-source_result WriteSource(design& document, const std::vector<net_node>& nodes, register_pool& pool,
-                          const source_context& context);
+// Sorts the blocks by x and writes header, register declarations and one call line per block.
+// Registers' declared flags in `pool` are set. When nothing is written nothing else changes.
+[[nodiscard]] source_result WriteSource(design& document, const std::vector<net_node>& nodes,
+                                        register_pool& pool, const source_request& asked);
 
 }  // namespace mardel

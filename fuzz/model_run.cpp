@@ -10,6 +10,7 @@
 
 #include "app/configuration.h"
 #include "app/event_handling.h"
+#include "app/reports.h"
 #include "app/startup.h"
 #include "codegen/design_file.h"
 #include "fuzz/reference.h"
@@ -18,8 +19,8 @@
 #include "fuzz/wild_ui.h"
 #include "platform/xml.h"
 #include "tests/support/files.h"
-#include "tests/support/fixed_clock.h"
 #include "tests/support/fixed_metrics.h"
+#include "tests/support/fixed_moment.h"
 
 namespace mardel {
 namespace {
@@ -137,7 +138,7 @@ class session {
                    In("c.dvc"), In("broken.mrd"), In("none/x")};
     ReadSettings(app_,
                  {.kind = host_kind::kLinux, .folders = {}, .current_folder = folder_.Path()});
-    BuildMenus(app_, host_kind::kLinux);
+    ShowReports(desk_, FillLibraries(app_));
     model_.disk.missing_folder = In("none/");
     model_.disk.files[In("strange.mrd")] = {reference_file::content::kStrangeDesign, {}, 1};
     model_.disk.files[In("broken.mrd")] = {};
@@ -185,8 +186,7 @@ class session {
   wild_ui desk_;
   wild_tools tools_;
   byte_metrics metrics_;
-  fixed_clock time_;
-  program app_{{desk_, metrics_, tools_, time_}};
+  program app_{{desk_, metrics_, tools_, FixedMoment}};
   wild_hand hand_{app_, desk_, random_};
   reference model_{app_.libraries, app_.ids, desk_};
   std::string base_;                         // what undo leads back to
@@ -301,18 +301,14 @@ void session::CheckSaved() {
   const std::string saved = ReadAll(path);
   kept_[path] = saved;
   Expect(saved == DesignText(app_.work.document), "a saved file holds the whole design");
-  design again;
-  dice none(0);
-  wild_ui nobody(none);
-  const load_result opened = LoadDesign(
-      again, path,
-      {.libraries = app_.libraries, .metrics = metrics_, .line_separator = "\n", .desk = nobody});
+  const loaded_design opened =
+      LoadDesign(path, {.libraries = app_.libraries, .metrics = metrics_, .line_separator = "\n"});
   if (model_.disk.files[path].kind != reference_file::content::kDesign) {
     Expect(opened.status == load_status::kMalformed, "a raw value makes a file malformed");
     return;
   }
-  Expect(opened.status == load_status::kLoaded && opened.missing_blocks == 0 &&
-             DesignText(again) == saved,
+  Expect(opened.status == load_status::kLoaded && opened.reports.empty() &&
+             DesignText(opened.document) == saved,
          "a saved file opens again and saves to the same bytes");
   ++count_.opened_again;
 }

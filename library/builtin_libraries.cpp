@@ -120,11 +120,11 @@ pin OutputPin(const std::string& type) {
   return {.pin_name = "OUT", .pin_type = type, .pin_side = "R", .pin_desc = "Output pin"};
 }
 
-void StageRegisters(library_set& set, const std::string& lib,
+void StageRegisters(library_loading& so_far, const std::string& lib,
                     std::span<const register_series> rows) {
   for (const register_series& row : rows) {
     for (int number = 0; number < BlocksIn(row); ++number) {
-      blockdef& block = set.staged.emplace_back();
+      blockdef& block = so_far.staged.emplace_back();
       block.lib = lib;
       block.sub = NameInSeries(row, number);
       if (row.pin == register_pin::kOutput) block.pins.push_back(OutputPin(lib));
@@ -149,11 +149,11 @@ std::string Hexadecimal(unsigned value, std::size_t digits) {
   return text;
 }
 
-void StageConstants(library_set& set) {
+void StageConstants(library_loading& so_far) {
   for (const constant_series& row : kConstants) {
     unsigned value = row.value;
     for (int number = 0; number < BlocksIn(row); ++number) {
-      blockdef& block = set.staged.emplace_back();
+      blockdef& block = so_far.staged.emplace_back();
       block.lib = "CONST";
       block.sub = NameInSeries(row, number);
       block.desc = "Value: 0x" + Hexadecimal(value, row.digits);
@@ -164,52 +164,45 @@ void StageConstants(library_set& set) {
 }
 
 // The staged blocks' library.
-void Register(library_set& set, menu_builder& builder, library added) {
+void Register(library_loading& so_far, library added) {
   const std::string title = added.name;
-  set.AddLibrary(std::move(added));
-  set.RegisterStaged(title, builder);
-  ++builder.next_id;
+  AddLibrary(so_far, std::move(added));
+  RegisterStaged(so_far, title);
+  ++so_far.next_id;
 }
 
-void FillMemory(register_pool& pool) {
+}  // namespace
+
+void BuildBuiltinLibraries(library_loading& so_far, expert_mode mode) {
+  if (mode == expert_mode::kOn) {
+    ++so_far.next_id;
+    StageRegisters(so_far, "CREG", kCoreRegisters);
+    Register(so_far,
+             {"CREG", "Core registers of the Dravik - expert mode", Rgba(255, 255, 255), kBlack});
+  }
+  StageRegisters(so_far, "MREG", kMemoryRegisters);
+  Register(so_far, {"MREG", "Memory registers of the Dravik, 128 of them called MR0 to MR127",
+                    Rgba(153, 204, 255), kBlack});
+  StageRegisters(so_far, "SFR", kSpecialFunctionRegisters);
+  Register(so_far, {"SFR", "Special function registers like inputs, outputs, POTs, etc.",
+                    Rgba(102, 210, 51), kBlack});
+  StageConstants(so_far);
+  Register(so_far, {"CONST", "Constants typically used with masking in an instruction/block",
+                    Rgba(255, 153, 51), kBlack});
+}
+
+register_pool ChipRegisters() {
+  register_pool pool;
   for (int number = 0; number < kMemoryRegisters[0].count; ++number) {
     pool.memory.push_back({.name = NameInSeries(kMemoryRegisters[0], number)});
   }
-}
-
-void FillPresets(register_pool& pool) {
   for (const register_series& row : kSpecialFunctionRegisters) {
     if (row.preset == kNoPreset) continue;
     for (int number = 0; number < BlocksIn(row); ++number) {
       pool.presets.push_back({.name = NameInSeries(row, number)});
     }
   }
-}
-
-}  // namespace
-
-void BuildBuiltinLibraries(library_set& set, register_pool& pool, menu_builder& builder,
-                           expert_mode mode) {
-  if (mode == expert_mode::kOn) {
-    ++builder.next_id;
-    StageRegisters(set, "CREG", kCoreRegisters);
-    Register(set, builder,
-             {"CREG", "Core registers of the Dravik - expert mode", Rgba(255, 255, 255), kBlack});
-  }
-  StageRegisters(set, "MREG", kMemoryRegisters);
-  Register(set, builder,
-           {"MREG", "Memory registers of the Dravik, 128 of them called MR0 to MR127",
-            Rgba(153, 204, 255), kBlack});
-  FillMemory(pool);
-  StageRegisters(set, "SFR", kSpecialFunctionRegisters);
-  Register(set, builder,
-           {"SFR", "Special function registers like inputs, outputs, POTs, etc.",
-            Rgba(102, 210, 51), kBlack});
-  FillPresets(pool);
-  StageConstants(set);
-  Register(set, builder,
-           {"CONST", "Constants typically used with masking in an instruction/block",
-            Rgba(255, 153, 51), kBlack});
+  return pool;
 }
 
 }  // namespace mardel

@@ -1,12 +1,12 @@
 #include "library/library_loader.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <string_view>
 #include <utility>
 
 #include "platform/files.h"
 #include "platform/text.h"
+#include "platform/utf8.h"
 #include "platform/xml.h"
 
 namespace mardel {
@@ -25,8 +25,7 @@ std::string_view LastCharacters(std::string_view text, std::size_t count) {
   std::size_t start = text.size();
   while (start > 0 && count > 0) {
     --start;
-    const bool is_continuation = (static_cast<unsigned char>(text[start]) & 0xC0U) == 0x80U;
-    if (!is_continuation) --count;
+    if (!IsContinuation(text[start])) --count;
   }
   return text.substr(start);
 }
@@ -46,51 +45,52 @@ colour LibraryColour(std::string_view text) {
 // One walk through one file.
 class library_reader {
  public:
-  library_reader(library_set& set, ui& desk) : set_(set), desk_(desk) {}
+  explicit library_reader(library_loading& so_far) : so_far_(so_far) {}
 
-  // The name that the file's blocks are registered under; "" when it has none or was refused.
-  std::string Read(xml_tree::node root);
+  // What refuses the rest of the file.
+  std::optional<report> Read(xml_tree::node root);
+  // That the file's blocks are registered under; "" when it has none.
+  const std::string& LibraryName() const { return lib_; }
 
  private:
-  bool StartLibrary(std::string_view name);
+  std::optional<report> StartLibrary(std::string_view name);
   void ReadBlock(xml_tree::node sub);
   void ReadPinOrParam(xml_tree::node element);
   void AddPinOrParam(pin read, std::string default_value);
 
-  library_set& set_;
-  ui& desk_;
+  library_loading& so_far_;
   std::string lib_;
   std::int64_t numbers_taken_ = 0;  // by pins and parameters of the block
 };
 
-std::string library_reader::Read(xml_tree::node root) {
+std::optional<report> library_reader::Read(xml_tree::node root) {
   for (const xml_tree::node child : root.Children()) {
     const std::string_view name = child.Name();
     if (name == "name") {
-      if (!StartLibrary(child.Text())) return {};
+      if (auto refused = StartLibrary(child.Text())) return refused;
     } else if (name == "desc") {
-      set_.Current().desc = child.Text();
+      CurrentLibrary(so_far_).desc = child.Text();
     } else if (name == "lib_color") {
-      set_.Current().lib_color = LibraryColour(child.Text());
+      CurrentLibrary(so_far_).lib_color = LibraryColour(child.Text());
     } else if (name == "lib_text_color") {
-      set_.Current().lib_text_color = LibraryColour(child.Text());
+      CurrentLibrary(so_far_).lib_text_color = LibraryColour(child.Text());
     } else if (name == "sub" && child.HasChildren()) {
       ReadBlock(child);
     }
   }
-  return std::move(lib_);
+  return std::nullopt;
 }
 
-bool library_reader::StartLibrary(std::string_view name) {
-  if (const library* loaded = set_.SelectIgnoringCase(name)) {
+std::optional<report> library_reader::StartLibrary(std::string_view name) {
+  if (const library* loaded = SelectIgnoringCase(so_far_, name)) {
     // kept: misspelt; users know the message so.
-    desk_.ShowMessage({"Duplicate Library", "A library named " + loaded->name +
-                                                " was already loaded, dupliacte not loaded."});
-    return false;
+    return report{.kind = rule::kDuplicateLibrary,
+                  .text = {"Duplicate Library", "A library named " + loaded->name +
+                                                    " was already loaded, dupliacte not loaded."}};
   }
   lib_ = name;
-  set_.AddLibrary({lib_, "", Rgba(230, 230, 64), kBlack});
-  return true;
+  AddLibrary(so_far_, {lib_, "", Rgba(230, 230, 64), kBlack});
+  return std::nullopt;
 }
 
 void library_reader::ReadBlock(xml_tree::node sub) {
@@ -98,11 +98,11 @@ void library_reader::ReadBlock(xml_tree::node sub) {
   for (const xml_tree::node child : sub.Children()) {
     const std::string_view name = child.Name();
     if (name == "name") {
-      blockdef& block = set_.staged.emplace_back();
+      blockdef& block = so_far_.staged.emplace_back();
       block.lib = lib_;
       block.sub = child.Text();
     } else if (name == "desc") {
-      if (!set_.staged.empty()) set_.staged.back().desc = child.Text();
+      if (!so_far_.staged.empty()) so_far_.staged.back().desc = child.Text();
     } else if (name == "param") {
       ReadPinOrParam(child);
     }
@@ -123,11 +123,11 @@ void library_reader::ReadPinOrParam(xml_tree::node element) {
     }
   }
   read.pin_num = ++numbers_taken_;
-  if (!set_.staged.empty()) AddPinOrParam(std::move(read), std::move(default_value));
+  if (!so_far_.staged.empty()) AddPinOrParam(std::move(read), std::move(default_value));
 }
 
 void library_reader::AddPinOrParam(pin read, std::string default_value) {
-  blockdef& block = set_.staged.back();
+  blockdef& block = so_far_.staged.back();
   if (IsRegisterClass(read.pin_type)) {
     block.pins.push_back(std::move(read));
     return;
@@ -140,40 +140,50 @@ void library_reader::AddPinOrParam(pin read, std::string default_value) {
 }
 
 // kept: these texts name the library that is current, not the file.
-message LoadingError(const library_set& set) {
-  return {"Error Loading Library",
-          "Library named " + set.Current().name + " experienced a loading error."};
+report LoadingError(library_loading& so_far) {
+  return {.kind = rule::kLibraryNotLoaded,
+          .text = {"Error Loading Library", "Library named " + CurrentLibrary(so_far).name +
+                                                " experienced a loading error."}};
 }
 
-message ParsingError(const library_set& set) {
-  return {"Error Parsing Library",
-          "Library named " + set.Current().name + " experienced an XML parsing error."};
+report ParsingError(library_loading& so_far) {
+  return {.kind = rule::kLibraryMalformed,
+          .text = {"Error Parsing Library", "Library named " + CurrentLibrary(so_far).name +
+                                                " experienced an XML parsing error."}};
 }
 
 }  // namespace
 
-void LoadLibraryFile(library_set& set, menu_builder& builder, const std::string& path, ui& desk) {
-  std::string name;
-  {
-    const xml_result file = ReadXmlFile(path);
-    if (file.status == xml_status::kNotLoaded) {
-      desk.ShowMessage(LoadingError(set));
-      return;
-    }
-    if (file.status == xml_status::kMalformed) {
-      desk.ShowMessage(ParsingError(set));
-      return;
-    }
-    name = library_reader(set, desk).Read(file.tree.Root());
+std::optional<report> LoadLibraryFile(library_loading& so_far, const std::string& path) {
+  const xml_result file = ReadXmlFile(path);
+  switch (file.status) {
+    case xml_status::kNotLoaded:
+      return LoadingError(so_far);
+    case xml_status::kMalformed:
+      return ParsingError(so_far);
+    case xml_status::kRead:
+      break;
   }
-  if (!name.empty()) set.RegisterStaged(name, builder);
+  library_reader reader(so_far);
+  if (auto refused = reader.Read(file.tree.Root())) return refused;
+  if (!reader.LibraryName().empty()) RegisterStaged(so_far, reader.LibraryName());
+  return std::nullopt;
 }
 
-void LoadLibraryFiles(library_set& set, menu_builder& builder, const std::string& folder,
-                      ui& desk) {
+std::vector<report> LoadLibraryFiles(library_loading& so_far, const std::string& folder) {
+  std::vector<report> reports;
   for (const std::string& name : ListFiles(folder, ".dvl")) {
-    LoadLibraryFile(set, builder, folder + name, desk);
+    if (auto found = LoadLibraryFile(so_far, folder + name)) reports.push_back(std::move(*found));
   }
+  return reports;
+}
+
+loaded_libraries LoadLibraries(const std::string& folder, expert_mode mode, int first_id,
+                               const text_metrics& metrics) {
+  library_loading so_far{.metrics = metrics, .next_id = first_id};
+  BuildBuiltinLibraries(so_far, mode);
+  std::vector<report> reports = LoadLibraryFiles(so_far, folder);
+  return {library_set(std::move(so_far.records)), so_far.next_id, std::move(reports)};
 }
 
 }  // namespace mardel

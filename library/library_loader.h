@@ -1,18 +1,33 @@
 // Reads library files (".dvl").
 #pragma once
 
+#include <optional>
 #include <string>
+#include <vector>
 
+#include "library/builtin_libraries.h"
 #include "library/library_set.h"
-#include "platform/ui.h"
+#include "library/report.h"
 
 namespace mardel {
 
-// Loads every library file of `folder` (ends in "/") in the order the system lists them and appends
-// one submenu each. Problems are shown and skip only the rest of that file. The built-in libraries
-// come first: what a file says before its name goes to the library that is current.
-void LoadLibraryFiles(library_set& set, menu_builder& builder, const std::string& folder, ui& desk);
+struct loaded_libraries {
+  library_set libraries;
+  int next_id = 0;              // the first menu id that none of them took
+  std::vector<report> reports;  // in the order in which they arose
+};
 
-void LoadLibraryFile(library_set& set, menu_builder& builder, const std::string& path, ui& desk);
+// The built-in libraries, then those of `folder`. Menu ids are taken from `first_id` on.
+[[nodiscard]] loaded_libraries LoadLibraries(const std::string& folder, expert_mode mode,
+                                             int first_id, const text_metrics& metrics);
+
+// Loads every library file of `folder` (ends in "/") in the order the system lists them. A problem
+// skips only the rest of its file. What a file says before its name goes to the library that is
+// current; there must be one.
+[[nodiscard]] std::vector<report> LoadLibraryFiles(library_loading& so_far,
+                                                   const std::string& folder);
+
+[[nodiscard]] std::optional<report> LoadLibraryFile(library_loading& so_far,
+                                                    const std::string& path);
 
 }  // namespace mardel

@@ -33,8 +33,9 @@ enum class severity { kError, kWarning };
 
 // Where a finding lies; what does not apply is empty.
 struct design_place {
-  std::optional<std::int64_t> block_id, net_id;
-  std::optional<point> at;  // canvas pixels
+  std::optional<std::int64_t> block_id = {}, net_id = {};
+  std::optional<point> at = {};         // canvas pixels: a block's corner, a net's first end
+  std::optional<point> other_end = {};  // of a net
   bool operator==(const design_place&) const = default;
 };
 

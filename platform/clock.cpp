@@ -30,7 +30,7 @@ date_time LocalTime(std::time_t moment) {
   return Fields(fields);
 }
 
-date_time host_clock::Now() const {
+date_time Now() {
   std::tm fields{};
   const std::optional<std::time_t> fixed = FixedTime();
   if (fixed && gmtime_r(&*fixed, &fields) != nullptr) return Fields(fields);

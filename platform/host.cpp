@@ -89,6 +89,10 @@ constexpr windows_release kWindowsReleases[] = {
 
 }  // namespace
 
+std::string_view LineSeparator(host_kind host) {
+  return host == host_kind::kMac || host == host_kind::kLinux ? "\n" : "\r\n";
+}
+
 int LinuxVersionCode(int kernel_major, int kernel_minor) {
   if (kernel_major == 2 && kernel_minor == 2) return 1000;
   if (kernel_major == 2 && kernel_minor == 4) return 1100;

@@ -16,6 +16,8 @@ struct host_folders {
 };
 
 host_kind HostKind();
+// What ends a line of text there.
+std::string_view LineSeparator(host_kind host);
 host_folders HostFolders();
 
 // The operating system as one number: 5 to 200 Windows, 1000 to 2000 Linux, 10000 and above macOS;

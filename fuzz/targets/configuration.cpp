@@ -2,15 +2,13 @@
 #include "app/configuration.h"
 
 #include "fuzz/target.h"
-#include "tests/support/scripted_ui.h"
 
 namespace mardel {
 namespace {
 
 settings Load(std::string_view text) {
   settings options = DefaultSettings(host_kind::kLinux, {"/d/", "/a/", "/h/"});
-  scripted_ui desk;
-  LoadConfiguration(options, memory_file(text).Path(), desk);
+  (void)LoadConfiguration(options, memory_file(text).Path());
   return options;
 }
 

@@ -1,6 +1,6 @@
 // Design files: loading, linking to the libraries, drawing, and saving what was loaded.
 #include "editor/drawn_extent.h"
-#include "fuzz/loaded_design.h"
+#include "fuzz/fuzzed_design.h"
 
 namespace mardel {
 namespace {
@@ -24,7 +24,7 @@ bool IsStorable(const design& document) {
          values.find("]]>") == std::string::npos;
 }
 
-void CheckLinks(const loaded_design& loaded) {
+void CheckLinks(const fuzzed_design& loaded) {
   for (const dvblock& block : loaded.document.blocks) {
     const auto definitions = loaded.Libraries().set.FindDefinitions(block.lib, block.sub);
     Require(!definitions.empty(), "every block that is left has a definition");
@@ -38,7 +38,7 @@ void CheckLinks(const loaded_design& loaded) {
 }  // namespace
 
 void TryInput(std::string_view input) {
-  loaded_design loaded(input);
+  fuzzed_design loaded(input);
   const design& document = loaded.document;
   if (!loaded.IsLoaded()) {
     Require(document.blocks.empty() && document.file_name.empty(), "what isn't loaded is empty");
@@ -52,7 +52,7 @@ void TryInput(std::string_view input) {
   const std::string saved = DesignText(document);
   if (!IsStorable(document)) return;
   loaded.Load(saved);
-  Require(loaded.IsLoaded() && loaded.result.missing_blocks == 0, "what was saved opens again");
+  Require(loaded.IsLoaded() && loaded.reports.empty(), "what was saved opens again");
   Require(DesignText(document) == saved, "and is saved to the same bytes");
 }
 

@@ -1,5 +1,5 @@
 // Library files: loading, and what the menu and the block directory show of them.
-#include "fuzz/loaded_design.h"
+#include "fuzz/fuzzed_design.h"
 #include "library/block_directory.h"
 
 namespace mardel {
@@ -10,7 +10,7 @@ void CheckDefinitions(const known_libraries& known) {
   for (std::size_t index = 0; index < all.size(); ++index) {
     const blockdef& block = all[index];
     Require(known.set.FindDefinition(block.id) == &block, "a block is found by its menu id");
-    Require(block.id < known.next_id, "the next menu id is free");
+    Require(block.id < known.so_far.next_id, "the next menu id is free");
     const auto same = known.set.FindDefinitions(block.lib, block.sub);
     Require(std::ranges::find(same, index) != same.end(), "a block is found by its names");
     Require(block.width >= 24 && block.height >= 24, "a block is no smaller than its margins");
@@ -20,7 +20,7 @@ void CheckDefinitions(const known_libraries& known) {
 // Each library's items are blocks of the set; no block is in the menu twice.
 void CheckMenu(const known_libraries& known) {
   std::size_t count = 0;
-  for (const menu_item& submenu : known.libraries.items) {
+  for (const menu_item& submenu : MenuBar(host_kind::kLinux, {}, known.set).at(2).items) {
     count += submenu.items.size();
     for (const menu_item& place : submenu.items) {
       const blockdef* block = known.set.FindDefinition(place.id);
@@ -39,13 +39,14 @@ void ReadDirectory(const library_set& set) {
 
 void TryInput(std::string_view input) {
   known_libraries known;
-  known.set.AddLibrary({"MREG"});  // stands for the built-in ones, which take long to build
+  AddLibrary(known.so_far, {"MREG"});  // stands for the built-in ones, which take long to build
   // Parts behind a zero byte are further files, so that names meet.
   for (std::size_t start = 0; start <= input.size();) {
     const std::size_t end = std::min(input.find('\0', start), input.size());
     known.LoadText(input.substr(start, end - start));
     start = end + 1;
   }
+  known.Finish();
   CheckDefinitions(known);
   CheckMenu(known);
   ReadDirectory(known.set);

@@ -1,7 +1,6 @@
 // The small functions of the room, by the table of their results.
 #include "app/command_line.h"
 #include "app/configuration.h"
-#include "app/file_commands.h"
 #include "tests/support/script.h"
 
 namespace mardel {
@@ -38,20 +37,25 @@ std::string Parse(const arguments& words) {
   return std::visit(request_words(), ParseCommandLine(words));
 }
 
-std::string Defaults(const arguments& words) {
+host_kind Host(const std::string& name) {
   static const std::map<std::string, host_kind> hosts{{"linux", host_kind::kLinux},
                                                       {"mac", host_kind::kMac},
                                                       {"windows", host_kind::kWindows},
                                                       {"other", host_kind::kOther}};
-  const settings s = DefaultSettings(hosts.at(words[0]), {words[1], words[2], words[3]});
+  return hosts.at(name);
+}
+
+std::string Separator(const arguments& words) {
+  return std::string(LineSeparator(Host(words[0])));
+}
+
+std::string Defaults(const arguments& words) {
+  const settings s = DefaultSettings(Host(words[0]), {words[1], words[2], words[3]});
   return s.files_path + ' ' + s.libraries_path + ' ' + s.exec_path + s.pre_exe + ' ' + s.asm_exe;
 }
 
 TEST(AppFunctions, GiveWhatTheirTableSays) {
-  ExpectTable("app.txt",
-              {{"Parse", Parse},
-               {"LineSeparator", [](auto& a) { return std::string(LineSeparator(a[0])); }},
-               {"Defaults", Defaults}});
+  ExpectTable("app.txt", {{"Parse", Parse}, {"Defaults", Defaults}, {"LineSeparator", Separator}});
 }
 
 // The file in the current folder comes before that in the documents.

@@ -9,6 +9,7 @@
 #include "app/about_box.h"
 #include "app/configuration.h"
 #include "app/event_handling.h"
+#include "app/reports.h"
 #include "app/startup.h"
 #include "app/title.h"
 #include "codegen/design_file.h"
@@ -19,8 +20,8 @@
 #include "editor/note_dialog.h"
 #include "editor/selected_nets.h"
 #include "tests/support/describe.h"
-#include "tests/support/fixed_clock.h"
 #include "tests/support/fixed_metrics.h"
+#include "tests/support/fixed_moment.h"
 #include "tests/support/scripted_ui.h"
 
 namespace mardel {
@@ -138,7 +139,7 @@ class program_player {
     ReadSettings(app_, {.kind = host,
                         .folders = {.documents = "/d/", .applications = "/a/", .home = "/h/"},
                         .current_folder = folder_.Path()});
-    BuildMenus(app_, host);
+    ShowReports(desk_, FillLibraries(app_));
   }
 
   void Send(const event& happened) {
@@ -209,10 +210,12 @@ class program_player {
   void Append(const net& read) { design_.nets.Append(read); }
   void Append(const textblock& read) { design_.texts.Append(read); }
 
-  void RegisterStaged(const std::string& name) {
-    menu submenus;
-    menu_builder builder{submenus, app_.ids.last_library_id, metrics_};
-    app_.libraries.RegisterStaged(name, builder);
+  // Adds to the libraries of the program.
+  template <class record>
+  void Add(std::vector<record> library_records::*list, record added) {
+    library_records all{app_.libraries.Libraries(), app_.libraries.Definitions(), {}};
+    (all.*list).push_back(std::move(added));
+    app_.libraries = library_set(std::move(all));
   }
   void SaveAt(const std::string& path) {
     const char* const names[] = {"written", "not created", "failed"};
@@ -291,10 +294,7 @@ class program_player {
     Show(out.str());
   }
   void ShowMenus(host_kind host) {
-    menu_ids ids;
-    int next_id = 1;
-    for (const menu& each : {FileMenu(host, ids, next_id), EditMenu(host, ids, next_id),
-                             HelpMenu(host, ids, next_id)}) {
+    for (const menu& each : MenuBar(host, MenuIds(26), {})) {
       Show(each.title + Describe(each.items, "  "));
     }
   }
@@ -304,8 +304,7 @@ class program_player {
   std::vector<std::string>& calls_ = desk_.calls;
   byte_metrics metrics_;
   scripted_runner runner_{calls_};
-  fixed_clock time_;
-  program app_{{desk_, metrics_, runner_, time_}};
+  program app_{{desk_, metrics_, runner_, FixedMoment}};
   workspace& work_ = app_.work;
   design& design_ = work_.document;
 
@@ -362,11 +361,12 @@ class program_player {
        }},
       {"library",
        [this](a w) {
-         app_.libraries.AddLibrary({w[0], w[1], Rgba(1, 2, 3, 0), Rgba(4, 5, 6, 0)});
+         Add(&library_records::libraries, {w[0], w[1], Rgba(1, 2, 3, 0), Rgba(4, 5, 6, 0)});
        }},
-      {"stage",
-       [this](a w) { app_.libraries.staged.push_back({.lib = w[0], .sub = w[1], .desc = w[2]}); }},
-      {"register", [this](a w) { RegisterStaged(w[0]); }},
+      {"define",
+       [this](a w) {
+         Add(&library_records::definitions, {.lib = w[0], .sub = w[1], .desc = w[2]});
+       }},
       {"save", [this](a w) { SaveAt(w[0]); }},
       {"name", [this](a w) { design_.file_name = w[0]; }},
       {"clear", [this](a) { ClearDesign(design_); }},

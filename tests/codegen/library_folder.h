@@ -3,43 +3,46 @@
 
 #include <filesystem>
 
+#include "app/reports.h"
 #include "codegen/design_file.h"
 #include "codegen/source_writer.h"
-#include "library/builtin_libraries.h"
 #include "library/library_loader.h"
 #include "tests/library/description.h"
-#include "tests/support/fixed_clock.h"
-#include "tests/support/scripted_ui.h"
+#include "tests/support/fixed_moment.h"
 
 namespace mardel {
 
 // The built-in libraries and those in a folder, in expert mode where it holds a file "expert".
-struct library_folder : registration {
+struct library_folder {
   explicit library_folder(const std::filesystem::path& folder) {
-    if (std::filesystem::exists(folder / "expert")) options.expert = expert_mode::kOn;
-    options.files_path = "/programs/";
-    BuildBuiltinLibraries(set, pool, builder, options.expert);
-    LoadLibraryFiles(set, builder, folder.string() + "/", desk);
+    if (std::filesystem::exists(folder / "expert")) mode = expert_mode::kOn;
+    loaded_libraries loaded = LoadLibraries(folder.string() + "/", mode, 26, metrics);
+    set = std::move(loaded.libraries);
+    Tell(loaded.reports);
   }
-  load_result Load(const std::string& path) {
-    return LoadDesign(document, path, {set, metrics, "\n", desk});
+  load_status Load(const std::string& path, const char* line_separator = "\n") {
+    loaded_design loaded = LoadDesign(path, {set, metrics, line_separator});
+    document = std::move(loaded.document);
+    Tell(loaded.reports);
+    return loaded.status;
   }
   // Without the check, so that the writer meets what it would refuse.
   source_result Generate(const std::string& path) {
-    desk.calls.clear();
-    desk.paths = {path};
-    const auto nodes = BuildNetlist(document, pool, desk);
-    return WriteSource(document, nodes.value(), pool, {options, time, desk});
+    messages.clear();
+    const auto nodes = BuildNetlist(document, pool);
+    source_result result =
+        WriteSource(document, std::get<0>(nodes), pool, {path, FixedMoment(), mode});
+    if (result.problem) Tell({*result.problem});
+    return result;
   }
-  std::string Calls() const {
-    std::string lines;
-    for (const std::string& call : desk.calls) lines += call + '\n';
-    return lines;
+  void Tell(const std::vector<report>& reports) {
+    for (const report& told : reports) messages += "message " + ReportLine(told.text) + '\n';
   }
-  settings options;
-  fixed_clock time;
-  register_pool pool;
-  scripted_ui desk;
+  expert_mode mode = expert_mode::kOff;
+  byte_metrics metrics;
+  library_set set;
+  register_pool pool = ChipRegisters();
+  std::string messages;
   design document;
 };
 

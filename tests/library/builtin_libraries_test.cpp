@@ -1,4 +1,4 @@
-#include "library/builtin_libraries.h"
+#include "library/library_loader.h"
 
 #include <gtest/gtest.h>
 
@@ -20,11 +20,11 @@ TEST(BuiltinLibraries, AreAsTheChipHasThem) {
   const std::pair<const char*, expert_mode> cases[] = {{"expert.txt", expert_mode::kOn},
                                                        {"plain.txt", expert_mode::kOff}};
   for (const auto& [expected, mode] : cases) {
-    registration r;
-    register_pool pool;
-    BuildBuiltinLibraries(r.set, pool, r.builder, mode);
+    const byte_metrics metrics;
+    const loaded_libraries loaded = LoadLibraries("/no/such/", mode, 26, metrics);
     EXPECT_EQ(
-        Describe(r, 0) + Describe(pool) + "next " + std::to_string(r.next_id) + '\n',
+        Describe(loaded.libraries, 0, 0) + Describe(ChipRegisters()) + "next " +
+            std::to_string(loaded.next_id) + '\n',
         ReadAll(MARDEL_SOURCE_DIR "/tests/fixtures/builtin_libraries/" + std::string(expected)));
   }
 }

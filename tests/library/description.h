@@ -1,23 +1,15 @@
 // Libraries, their menus and their blocks as text.
 #pragma once
 
+#include <span>
 #include <sstream>
 #include <string>
 
-#include "library/library_set.h"
+#include "app/main_menu.h"
 #include "tests/support/fixed_metrics.h"
 #include "tests/support/recording_painter.h"
 
 namespace mardel {
-
-// Libraries and menu while they are being built.
-struct registration {
-  library_set set;
-  menu libraries;
-  int next_id = 26;
-  byte_metrics metrics;
-  menu_builder builder{libraries, next_id, metrics};
-};
 
 // Size, pins and parameters of a definition or a placed block.
 template <class any_block>
@@ -39,20 +31,22 @@ inline std::string DescribeShape(const blockdef& block) {
   return "  " + block.lib + ' ' + DescribeContents(block) + ':';
 }
 
-// The libraries from `first` on, then the menu; neighbours of one shape share a line.
-inline std::string Describe(const registration& r, std::size_t first) {
+// The libraries and the submenus from these on; neighbours of one shape share a line.
+inline std::string Describe(const library_set& set, std::size_t first_library,
+                            std::size_t first_menu) {
   std::ostringstream out;
-  for (std::size_t i = first; i < r.set.Libraries().size(); ++i) {
-    const library& l = r.set.Libraries()[i];
+  for (std::size_t i = first_library; i < set.Libraries().size(); ++i) {
+    const library& l = set.Libraries()[i];
     out << l.name << " \"" << l.desc << "\" " << Describe(l.lib_color) << ' '
         << Describe(l.lib_text_color);
     out << '\n';
   }
-  for (const menu_item& submenu : r.libraries.items) {
+  const std::vector<menu_item> menus = MenuBar(host_kind::kLinux, {}, set).at(2).items;
+  for (const menu_item& submenu : std::span(menus).subspan(first_menu)) {
     out << "menu " << submenu.text;
     std::string shape;
     for (const menu_item& place : submenu.items) {
-      const blockdef& block = *r.set.FindDefinition(place.id);
+      const blockdef& block = *set.FindDefinition(place.id);
       if (shape != DescribeShape(block)) out << '\n' << (shape = DescribeShape(block));
       out << ' ' << block.id << ' ' << place.text;
       if (!block.desc.empty()) out << " \"" << block.desc << '"';

@@ -2,29 +2,31 @@
 
 #include <gtest/gtest.h>
 
-#include "library/builtin_libraries.h"
+#include "app/reports.h"
 #include "tests/library/description.h"
 #include "tests/support/files.h"
-#include "tests/support/scripted_ui.h"
 
 namespace mardel {
 namespace {
 
-struct loading : registration {
+struct loading {
   loading() {
-    register_pool pool;
-    BuildBuiltinLibraries(set, pool, builder, expert_mode::kOff);
-    libraries.items.clear();
-    next_id = 1000;
+    BuildBuiltinLibraries(so_far, expert_mode::kOff);
+    so_far.next_id = 1000;
+  }
+  void LoadFile(const std::string& path) {
+    if (const auto told = LoadLibraryFile(so_far, path)) reports.push_back(*told);
   }
   // From CONST on, which is current before the first file.
   std::string Outcome() const {
-    std::string text = Describe(*this, 2);
-    for (const blockdef& b : set.staged) text += "staged " + b.sub + '\n';
-    for (const std::string& call : desk.calls) text += call + '\n';
+    std::string text = Describe(library_set(so_far.records), 2, 3);
+    for (const blockdef& b : so_far.staged) text += "staged " + b.sub + '\n';
+    for (const report& told : reports) text += "message " + ReportLine(told.text) + '\n';
     return text;
   }
-  scripted_ui desk;
+  byte_metrics metrics;
+  library_loading so_far{.metrics = metrics};
+  std::vector<report> reports;
 };
 
 // A case's files are loaded by name, so that it has one outcome.
@@ -33,7 +35,7 @@ TEST(LibraryLoader, LoadsFixtures) {
     loading run;
     for (const auto& file : Fixtures("libraries/" + folder.filename().string())) {
       if (file.extension() == ".txt") continue;
-      LoadLibraryFile(run.set, run.builder, file.string(), run.desk);
+      run.LoadFile(file.string());
     }
     EXPECT_EQ(run.Outcome(), ReadAll(folder / "expected.txt")) << folder;
   }
@@ -46,13 +48,12 @@ TEST(LibraryLoader, LoadsTheLibraryFilesOfAFolder) {
   std::filesystem::create_directory(folder.Path() + "folder.dvl");
   std::filesystem::create_symlink(".", folder.Path() + "itself.dvl");
   loading run;
-  LoadLibraryFiles(run.set, run.builder, folder.Path(), run.desk);
-  LoadLibraryFiles(run.set, run.builder, folder.Path() + "missing/", run.desk);
-  LoadLibraryFile(run.set, run.builder, folder.Path() + "missing.dvl", run.desk);
-  EXPECT_EQ(run.set.Libraries().size(), 4U);
-  EXPECT_EQ(run.desk.calls,
-            std::vector<std::string>{
-                "message Error Loading Library: Library named One experienced a loading error."});
+  EXPECT_TRUE(LoadLibraryFiles(run.so_far, folder.Path()).empty());
+  EXPECT_TRUE(LoadLibraryFiles(run.so_far, folder.Path() + "missing/").empty());
+  EXPECT_EQ(run.so_far.records.libraries.size(), 4U);
+  const auto told = LoadLibraryFile(run.so_far, folder.Path() + "missing.dvl");
+  EXPECT_EQ(ReportLine(told.value().text),
+            "Error Loading Library: Library named One experienced a loading error.");
 }
 
 TEST(LibraryLoader, LoadsManyFilesAndManyBlocks) {
@@ -65,13 +66,13 @@ TEST(LibraryLoader, LoadsManyFilesAndManyBlocks) {
     WriteAll(folder.Path() + name + ".dvl", "<x><name>" + name + "</name></x>");
   }
   loading run;
-  LoadLibraryFiles(run.set, run.builder, folder.Path(), run.desk);
-  EXPECT_EQ(run.set.Libraries().size(), 3U + 1 + 1000);
-  EXPECT_EQ(run.libraries.items.size(), 1U + 1000);
+  EXPECT_TRUE(LoadLibraryFiles(run.so_far, folder.Path()).empty());
+  const library_set set(run.so_far.records);
+  EXPECT_EQ(set.Libraries().size(), 3U + 1 + 1000);
+  EXPECT_EQ(set.Groups().size(), 3U + 1 + 1000);
   for (int id = 1000; id < 6000; ++id) {
-    EXPECT_EQ(run.set.FindDefinition(id)->sub, "b" + std::to_string(id - 1000));
+    EXPECT_EQ(set.FindDefinition(id)->sub, "b" + std::to_string(id - 1000));
   }
-  EXPECT_TRUE(run.desk.calls.empty());
 }
 
 }  // namespace

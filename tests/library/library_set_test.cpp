@@ -1,4 +1,4 @@
-#include "library/library_set.h"
+#include "library/library_loading.h"
 
 #include <gtest/gtest.h>
 
@@ -18,22 +18,25 @@ TEST(LayOut, RoundsMeasuresToWholePixels) {
 }
 
 TEST(LibrarySet, FindsByNamePairAndId) {
-  registration r;
-  r.set.AddLibrary({.name = "Straße"});
-  for (const char* sub : {"a", "b", "a"}) r.set.staged.push_back({.lib = "Straße", .sub = sub});
-  r.set.RegisterStaged("Straße", r.builder);
-  r.set.AddLibrary({.name = "Äther"});
+  const byte_metrics metrics;
+  library_loading so_far{.metrics = metrics, .next_id = 26};
+  AddLibrary(so_far, {.name = "Straße"});
+  for (const char* sub : {"a", "b", "a"}) so_far.staged.push_back({.lib = "Straße", .sub = sub});
+  RegisterStaged(so_far, "Straße");
+  AddLibrary(so_far, {.name = "Äther"});
+  EXPECT_EQ(CurrentLibrary(so_far).name, "Äther");
+  EXPECT_EQ(SelectIgnoringCase(so_far, "STRASSE"), nullptr);
+  EXPECT_EQ(SelectIgnoringCase(so_far, "STRAßE"), &so_far.records.libraries[0]);
+  EXPECT_EQ(CurrentLibrary(so_far).name, "Straße");
 
-  const auto twins = r.set.FindDefinitions("Straße", "a");
+  const library_set set(so_far.records);
+  const auto twins = set.FindDefinitions("Straße", "a");
   EXPECT_EQ(std::vector<std::size_t>(twins.begin(), twins.end()), (std::vector<std::size_t>{0, 2}));
-  EXPECT_TRUE(r.set.FindDefinitions("straße", "a").empty());
-  EXPECT_TRUE(r.set.FindDefinitions("Straße", "c").empty());
-  for (const int reserved : {25, 29, -2}) EXPECT_EQ(r.set.FindDefinition(reserved), nullptr);
-  EXPECT_EQ(r.set.FindLibrary("äther"), nullptr);
-  EXPECT_EQ(r.set.FindLibrary("Äther"), &r.set.Current());
-  EXPECT_EQ(r.set.SelectIgnoringCase("STRASSE"), nullptr);
-  EXPECT_EQ(r.set.SelectIgnoringCase("STRAßE"), &r.set.Libraries()[0]);
-  EXPECT_EQ(r.set.Current().name, "Straße");
+  EXPECT_TRUE(set.FindDefinitions("straße", "a").empty());
+  EXPECT_TRUE(set.FindDefinitions("Straße", "c").empty());
+  for (const int reserved : {25, 29, -2}) EXPECT_EQ(set.FindDefinition(reserved), nullptr);
+  EXPECT_EQ(set.FindLibrary("äther"), nullptr);
+  EXPECT_EQ(set.FindLibrary("Äther"), &set.Libraries()[1]);
 }
 
 }  // namespace
