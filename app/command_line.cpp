@@ -47,6 +47,10 @@ command_line Window(const typed_words& typed) {
   return window_request{typed.FirstName()};
 }
 
+command_line Welcome(const typed_words& typed) {
+  return window_request{typed.FirstName(), samples::kMadeOnce};
+}
+
 command_line Generate(const typed_words& typed) {
   generate_request asked{.design = typed.FirstName(), .output = typed.verb_value};
   if (typed.Option("--preprocess") != nullptr) asked.steps = run_option::kPreprocess;
@@ -84,6 +88,10 @@ command_line List(const typed_words& typed) {
   return list_request{typed.FirstName()};
 }
 
+command_line Init(const typed_words& typed) {
+  return init_request{typed.FirstName()};
+}
+
 template <class request>
 command_line Plain(const typed_words& /*typed*/) {
   return request{};
@@ -99,10 +107,12 @@ struct verb_rule {
 
 constexpr verb_rule kVerbs[] = {
     {"", "", 0, 1, "design", Window},
+    {"--welcome", "", 0, 1, "design", Welcome},
     {"--generate", "an output file", 1, 1, "design", Generate},
     {"--check", "", 1, kAnyNumber, "design", Check},
     {"--render", "a picture file", 1, 1, "design", Render},
     {"--list", "", 0, 1, "library", List},
+    {"--init", "", 0, 1, "folder", Init},
     {"--help", "", 0, 0, "", Plain<help_request>},
     {"--version", "", 0, 0, "", Plain<version_request>},
 };
@@ -206,16 +216,18 @@ command_line ParseCommandLine(std::span<const std::string> arguments) {
 }
 
 std::string_view UsageText() {
-  return R"(usage: mardel [DESIGN.mrd]
+  return R"(usage: mardel [--welcome] [DESIGN.mrd]
        mardel --generate OUT.dvc [--preprocess | --program N] DESIGN.mrd
        mardel --check DESIGN.mrd...
        mardel --render OUT.{png,svg,pdf} [--scale S] [--grid] [--crop] DESIGN.mrd
        mardel --list [LIBRARY]
+       mardel --init [FOLDER]
        mardel --help
        mardel --version
 
 Without an option the window opens, with the design if one is given.
 
+  --welcome           first do as --init, unless the folder is there
   --generate OUT.dvc  write the design's source file
   --preprocess        then run the preprocessor on it
   --program N         then run the preprocessor, and the assembler to store the
@@ -226,6 +238,9 @@ Without an option the window opens, with the design if one is given.
   --grid              draw the grid too
   --crop              cut the picture to what is drawn and 20 pixels around it
   --list              name the libraries, or describe the blocks of one
+  --init              make a folder with sample designs, their libraries and a
+                      configuration; without a name it is "Dravik programs"
+                      in the Documents folder
   --help              show how mardel is called
   --version           show the version
 

@@ -12,8 +12,11 @@
 
 namespace mardel {
 
+enum class samples { kLeftOut, kMadeOnce };
+
 struct window_request {
-  std::string design;  // "" opens none
+  std::string design;                    // "" opens none
+  samples at_start = samples::kLeftOut;  // in a programs folder where there is none
 };
 
 struct generate_request {
@@ -39,6 +42,10 @@ struct list_request {
   std::string library;  // "" names them all
 };
 
+struct init_request {
+  std::string folder;  // "" is the programs folder
+};
+
 struct help_request {};
 struct version_request {};
 
@@ -47,8 +54,9 @@ struct usage_error {
 };
 
 // An alternative each for the window, for every verb, and for what makes no sense.
-using command_line = std::variant<window_request, generate_request, check_request, render_request,
-                                  list_request, help_request, version_request, usage_error>;
+using command_line =
+    std::variant<window_request, generate_request, check_request, render_request, list_request,
+                 init_request, help_request, version_request, usage_error>;
 
 // `arguments` is without the program's name. After "--" everything is a name.
 command_line ParseCommandLine(std::span<const std::string> arguments);

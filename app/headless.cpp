@@ -51,13 +51,6 @@ exit_status CheckFile(const headless_program& run, const std::string& path) {
   return problems.empty() ? StatusOf(loaded) : exit_status::kRefused;
 }
 
-exit_status WriteOut(std::string text) {
-  std::erase(text, '\r');
-  std::cout << text << std::flush;
-  return std::cout ? exit_status::kDone
-                   : Fail(exit_status::kFileOrToolMissing, "standard output could not be written");
-}
-
 std::string LibraryLines(const library_set& set) {
   std::string lines;
   for (const library& each : set.Libraries()) lines += each.name + " : " + each.desc + "\n";

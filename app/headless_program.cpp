@@ -30,6 +30,13 @@ exit_status Fail(exit_status status, const std::string& line) {
   return status;
 }
 
+exit_status WriteOut(std::string text) {
+  std::erase(text, '\r');
+  std::cout << text << std::flush;
+  return std::cout ? exit_status::kDone
+                   : Fail(exit_status::kFileOrToolMissing, "standard output could not be written");
+}
+
 loaded_design Load(const headless_program& run, const std::string& path,
                    const std::string& prefix) {
   loaded_design loaded = LoadDesign(path, {.libraries = run.libraries,

@@ -28,6 +28,9 @@ void Print(const report& told, const std::string& prefix = {});
 // Says why on standard error; returns `status`.
 exit_status Fail(exit_status status, const std::string& line);
 
+// Lines of text to standard output.
+exit_status WriteOut(std::string text);
+
 // What is wrong with the file is printed.
 [[nodiscard]] loaded_design Load(const headless_program& run, const std::string& path,
                                  const std::string& prefix = {});

@@ -1,5 +1,6 @@
 #include "app/command_line.h"
 #include "app/headless.h"
+#include "app/init.h"
 #include "app/render.h"
 #include "app/window.h"
 
@@ -11,6 +12,7 @@ struct front_end {
   char** arguments;
 
   int operator()(const mardel::window_request& asked) const {
+    if (asked.at_start == mardel::samples::kMadeOnce) mardel::MakeSamplesOnce();
     return mardel::RunWindow(asked.design, argument_count, arguments);
   }
   int operator()(const auto& asked) const { return static_cast<int>(Run(asked)); }

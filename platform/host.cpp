@@ -1,11 +1,14 @@
 #include "platform/host.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <filesystem>
 #include <iterator>
 
 #include "platform/files.h"
 
 #ifdef __APPLE__
+#include <mach-o/dyld.h>
 #include <sys/sysctl.h>
 #endif
 
@@ -140,6 +143,19 @@ std::string BrandFromProcessorInformation(std::string_view text) {
     return std::string(line);
   }
   return std::string(kUnknownBrand);
+}
+
+std::string ProgramFolder() {
+  std::error_code unknown;
+#ifdef __APPLE__
+  char path[4096] = {};
+  std::uint32_t size = sizeof path;
+  if (_NSGetExecutablePath(path, &size) != 0) return {};
+  const std::filesystem::path program = std::filesystem::canonical(path, unknown);
+#else
+  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", unknown);
+#endif
+  return unknown ? std::string() : (program.parent_path() / "").string();
 }
 
 std::string ProcessorBrand() {

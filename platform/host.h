@@ -20,6 +20,9 @@ host_kind HostKind();
 std::string_view LineSeparator(host_kind host);
 host_folders HostFolders();
 
+// Where the running program's file is, links followed; as above.
+std::string ProgramFolder();
+
 // The operating system as one number: 5 to 200 Windows, 1000 to 2000 Linux, 10000 and above macOS;
 // 0 for any other.
 int HostVersionCode();

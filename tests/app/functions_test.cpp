@@ -7,7 +7,9 @@ namespace mardel {
 namespace {
 
 struct request_words {
-  std::string operator()(const window_request& r) const { return "window " + r.design; }
+  std::string operator()(const window_request& r) const {
+    return (r.at_start == samples::kMadeOnce ? "welcome " : "window ") + r.design;
+  }
   std::string operator()(const generate_request& r) const {
     const std::string steps = r.steps == run_option::kPreprocess ? " preprocess"
                               : r.steps == run_option::kRun
@@ -28,6 +30,7 @@ struct request_words {
            (r.area == picture_area::kDrawn ? " crop" : "") + " of " + r.design;
   }
   std::string operator()(const list_request& r) const { return "list " + r.library; }
+  std::string operator()(const init_request& r) const { return "init " + r.folder; }
   std::string operator()(const help_request& /*r*/) const { return "help"; }
   std::string operator()(const version_request& /*r*/) const { return "version"; }
   std::string operator()(const usage_error& r) const { return "error " + r.text; }
