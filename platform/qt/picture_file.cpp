@@ -69,12 +69,26 @@ bool WriteSvg(QBuffer& file, const picture_frame& frame, const drawing& draw) {
   return target.end();
 }
 
-// With blanks in its place, since the file tells the places of what follows.
-void RemoveDate(QByteArray& pdf) {
-  constexpr QByteArrayView kDate = "/CreationDate (";
-  const qsizetype start = pdf.indexOf(kDate);
-  const qsizetype end = pdf.indexOf(')', start);
-  if (start >= 0 && end >= 0) std::fill(pdf.begin() + start, pdf.begin() + end + 1, ' ');
+// What a run writes of its own: its moment, and a number that no other file has.
+struct own_text {
+  QByteArrayView begin;
+  char end;
+};
+
+constexpr own_text kOwnTexts[] = {
+    {"\n/CreationDate (", ')'},    {"\n/ModDate (", ')'},       {"\n/ID [", ']'},
+    {" xmp:CreateDate=\"", '"'},   {" xmp:ModifyDate=\"", '"'}, {" xmp:MetadataDate=\"", '"'},
+    {" xmpMM:DocumentID=\"", '"'},
+};
+
+// With blanks in their place, since the file tells the places of what follows.
+void RemoveOwnTexts(QByteArray& pdf) {
+  for (const own_text& own : kOwnTexts) {
+    const qsizetype start = pdf.indexOf(own.begin);
+    if (start < 0) continue;
+    const qsizetype end = pdf.indexOf(own.end, start + own.begin.size());
+    if (end >= 0) std::fill(pdf.begin() + start + 1, pdf.begin() + end + 1, ' ');
+  }
 }
 
 bool WritePdf(QBuffer& file, const picture_frame& frame, const drawing& draw) {
@@ -94,7 +108,7 @@ bool WritePdf(QBuffer& file, const picture_frame& frame, const drawing& draw) {
   target.translate(-area.topLeft());
   Draw(target, {area.topLeft(), page / points}, draw);
   if (!target.end()) return false;
-  RemoveDate(file.buffer());
+  RemoveOwnTexts(file.buffer());
   return true;
 }
 
@@ -127,7 +141,7 @@ std::unique_ptr<picture_maker> StartPictures() {
   QuietToolkit();
   // The user's theme would look for a display.
   qunsetenv("QT_QPA_PLATFORMTHEME");
-  // How long the date in a PDF file is depends on the zone.
+  // How long the dates in a PDF file are depends on the zone.
   qputenv("TZ", "UTC0");
   return std::make_unique<qt_picture_maker>();
 }
