@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "bench/measures.h"
+#include "bench/window.h"
 #include "editor/group_move.h"
 #include "editor/snapshot.h"
 
@@ -28,7 +29,8 @@ void Select(design& document) {
 void RecordAndUndo(benchmark::State& state) {
   design_program generated;
   generated.Generate(kBlocks);
-  workspace work;
+  const offscreen_desktop desk;
+  workspace work(*desk, *generated.measures);
   work.document = std::move(generated.document);
   Select(work.document);
   std::size_t records = 0;
