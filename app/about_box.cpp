@@ -1,7 +1,7 @@
 #include "app/about_box.h"
 
 #include "app/logo.h"
-#include "codegen/settings.h"
+#include "codegen/version.h"
 #include "platform/host.h"
 
 namespace mardel {
@@ -22,7 +22,7 @@ window AboutWindow(int system_version_code, const std::string& processor) {
               {0,
                kLabel,
                {100, 50, 320, 25},
-               std::string("Version ") + kVersionText + ", (c) 2026 Quillonworks"},
+               "Version " + std::string(VersionText()) + ", (c) 2026 Quillonworks"},
               {0, kLabel, {100, 75, 320, 25}, "OS: " + system},
               {0, kLabel, {100, 100, 320, 25}, "CPU: " + processor},
               {1, gadget_kind::kDefaultButton, {210, 130, 100, 25}, "OK"},

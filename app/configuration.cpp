@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "platform/files.h"
+#include "platform/path.h"
 #include "platform/text.h"
 #include "platform/xml.h"
 
@@ -91,11 +92,7 @@ std::string ConfigurationText(const settings& options) {
 }
 
 void SaveConfiguration(const settings& options, const std::string& path) {
-  ReplaceFile(path, ConfigurationText(options));
-}
-
-void EndFolderWithSlash(std::string& folder) {
-  if (!folder.ends_with('/')) folder += '/';
+  (void)ReplaceFile(path, ConfigurationText(options));
 }
 
 }  // namespace mardel

@@ -27,7 +27,4 @@ std::string ConfigurationText(const settings& options);
 // A file that can't be written is not reported; the settings hold for the rest of the run.
 void SaveConfiguration(const settings& options, const std::string& path);
 
-// kept: an empty folder becomes "/".
-void EndFolderWithSlash(std::string& folder);
-
 }  // namespace mardel

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "app/configuration.h"
+#include "platform/path.h"
 
 namespace mardel {
 namespace {

@@ -6,13 +6,14 @@
 
 #include "app/generation.h"
 #include "app/headless_program.h"
-#include "app/paths.h"
 #include "app/reports.h"
 #include "codegen/design_check.h"
 #include "codegen/source_writer.h"
 #include "codegen/toolchain.h"
+#include "codegen/version.h"
 #include "library/block_directory.h"
 #include "platform/desktop.h"
+#include "platform/path.h"
 
 namespace mardel {
 namespace {
@@ -127,7 +128,7 @@ exit_status Run(const help_request& /*asked*/) {
 }
 
 exit_status Run(const version_request& /*asked*/) {
-  return WriteOut(std::string("Mardel ") + kVersionText + "\n");
+  return WriteOut("Mardel " + std::string(VersionText()) + "\n");
 }
 
 exit_status Run(const usage_error& wrong) {

@@ -32,10 +32,10 @@ exit_status Fail(exit_status status, const std::string& line);
 exit_status WriteOut(std::string text);
 
 // What is wrong with the file is printed.
-[[nodiscard]] loaded_design Load(const headless_program& run, const std::string& path,
-                                 const std::string& prefix = {});
+loaded_design Load(const headless_program& run, const std::string& path,
+                   const std::string& prefix = {});
 
 // A block that no library has refuses the design whole, so that nothing is made with a hole.
-[[nodiscard]] exit_status StatusOf(const loaded_design& loaded);
+exit_status StatusOf(const loaded_design& loaded);
 
 }  // namespace mardel

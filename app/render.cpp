@@ -6,9 +6,9 @@
 #include <variant>
 
 #include "app/headless_program.h"
-#include "app/paths.h"
 #include "editor/drawn_extent.h"
 #include "platform/files.h"
+#include "platform/path.h"
 #include "platform/picture_file.h"
 
 namespace mardel {

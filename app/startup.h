@@ -18,14 +18,14 @@ struct host_facts {
 
 host_facts ThisHost();
 
-struct configuration {
+struct [[nodiscard]] configuration {
   settings options;
   std::string path = {};             // written to
   std::vector<report> reports = {};  // none, or what is wrong with the file
 };
 
 // Defaults, then the configuration file.
-[[nodiscard]] configuration ReadConfiguration(const host_facts& host);
+configuration ReadConfiguration(const host_facts& host);
 
 // Gives the program its settings; a problem is shown.
 void ReadSettings(program& app, const host_facts& host);

@@ -1,13 +1,12 @@
 #include "app/title.h"
 
-#include "codegen/settings.h"
+#include "codegen/version.h"
 
 namespace mardel {
 
 std::string Title(const std::string& design_file) {
-  return std::string(
-             "Mardel - GUI Development Environment for the Dravik DSP from Quillonworks V") +
-         kVersionText + "  " + design_file;
+  std::string title = "Mardel - GUI Development Environment for the Dravik DSP from Quillonworks V";
+  return title.append(VersionText()).append("  ").append(design_file);
 }
 
 }  // namespace mardel

@@ -4,10 +4,10 @@
 
 #include "app/event_handling.h"
 #include "app/file_commands.h"
-#include "app/paths.h"
 #include "app/reports.h"
 #include "app/startup.h"
 #include "app/title.h"
+#include "platform/path.h"
 
 namespace mardel {
 

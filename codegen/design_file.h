@@ -17,11 +17,11 @@ namespace mardel {
 std::string DesignText(const design& document);
 
 // Writes the file; neither the flag nor the name of the design changes.
-[[nodiscard]] write_status SaveDesign(const design& document, const std::string& path);
+write_status SaveDesign(const design& document, const std::string& path);
 
-enum class load_status { kLoaded, kNotLoaded, kMalformed };
+enum class [[nodiscard]] load_status{kLoaded, kNotLoaded, kMalformed};
 
-struct loaded_design {
+struct [[nodiscard]] loaded_design {
   load_status status = load_status::kLoaded;
   design document;  // named after the file; empty and without a name when it can't be read
   // Why it can't be read; else each block that was removed, since no library has it.
@@ -35,6 +35,6 @@ struct load_context {
 };
 
 // With its blocks linked to their definitions.
-[[nodiscard]] loaded_design LoadDesign(const std::string& path, const load_context& context);
+loaded_design LoadDesign(const std::string& path, const load_context& context);
 
 }  // namespace mardel

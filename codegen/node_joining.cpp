@@ -90,7 +90,8 @@ joining::joining(net_grouping& grouping, const net_ends& ends)
   });
   for (std::size_t node = 0; node < grouping.nodes.size(); ++node) {
     own_start_[node + 1] += own_start_[node];
-    std::sort(own_ends_.begin() + own_start_[node], own_ends_.begin() + own_start_[node + 1]);
+    std::ranges::sort(own_ends_.begin() + own_start_[node],
+                      own_ends_.begin() + own_start_[node + 1]);
   }
 }
 
@@ -162,7 +163,7 @@ void joining::HandOver(std::uint32_t end, std::uint32_t node, std::uint32_t part
   if (placed.position == holders.begin()) return;
   const std::uint32_t before = *std::prev(placed.position);
   const std::span<const std::uint32_t> own = OwnEnds(before);
-  if (std::binary_search(own.begin(), own.end(), end)) queues_[before].push({node, end});
+  if (std::ranges::binary_search(own, end)) queues_[before].push({node, end});
 }
 
 }  // namespace

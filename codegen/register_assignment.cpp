@@ -44,8 +44,7 @@ void TakeFreeRegisters(std::vector<net_node>& nodes, register_pool& pool) {
   auto next_free = pool.memory.begin();
   for (net_node& node : nodes) {
     if (node.type != "MREG" || CountCharacters(node.mr) > kLongestUnnamed) continue;
-    next_free = std::find_if(next_free, pool.memory.end(),
-                             [](const memory_register& r) { return r.is_free; });
+    next_free = std::ranges::find(next_free, pool.memory.end(), true, &memory_register::is_free);
     if (next_free == pool.memory.end()) return;
     node.mr = next_free->name;
     next_free->is_free = false;

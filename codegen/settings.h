@@ -8,8 +8,6 @@
 
 namespace mardel {
 
-constexpr const char* kVersionText = "2.1";
-
 // How far the tools go after a source was written. The numbers are those of the configuration file;
 // any other number is kept as it is and means kSourceOnly.
 enum class run_option : std::int64_t {

@@ -68,9 +68,7 @@ void ListArguments(const dvblock& block, std::vector<argument>& arguments) {
     arguments.push_back({p.pin_num, arguments.size(), p.pin_name, p.pin_type, {}});
   }
   // No stable sort, which would allocate for each block.
-  std::sort(arguments.begin(), arguments.end(), [](const argument& a, const argument& b) {
-    return std::tie(a.number, a.place) < std::tie(b.number, b.place);
-  });
+  std::ranges::sort(arguments, {}, [](const argument& a) { return std::tie(a.number, a.place); });
 }
 
 // Appends the call; the first argument without a value is returned and leaves an unfinished line.

@@ -24,7 +24,7 @@ struct source_request {
   expert_mode mode = expert_mode::kOff;
 };
 
-struct source_result {
+struct [[nodiscard]] source_result {
   write_status status = write_status::kWritten;
   // A parameter without a value, which ended the writing; or that the old file was kept.
   std::optional<report> problem;
@@ -32,7 +32,7 @@ struct source_result {
 
 // Sorts the blocks by x and writes header, register declarations and one call line per block.
 // Registers' declared flags in `pool` are set. When nothing is written nothing else changes.
-[[nodiscard]] source_result WriteSource(design& document, const std::vector<net_node>& nodes,
-                                        register_pool& pool, const source_request& asked);
+source_result WriteSource(design& document, const std::vector<net_node>& nodes, register_pool& pool,
+                          const source_request& asked);
 
 }  // namespace mardel

@@ -10,7 +10,7 @@
 
 namespace mardel {
 
-enum class toolchain_result { kDone, kToolFailed, kToolNotStarted };
+enum class [[nodiscard]] toolchain_result{kDone, kToolFailed, kToolNotStarted};
 
 struct toolchain_request {
   std::string source_path;  // of fewer than 6 characters runs nothing
@@ -24,7 +24,6 @@ struct toolchain_context {
   message_boxes& boxes;
 };
 
-[[nodiscard]] toolchain_result RunToolchain(const toolchain_request& asked,
-                                            const toolchain_context& context);
+toolchain_result RunToolchain(const toolchain_request& asked, const toolchain_context& context);
 
 }  // namespace mardel

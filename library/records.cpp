@@ -7,7 +7,7 @@ namespace mardel {
 
 bool IsRegisterClass(std::string_view name) {
   constexpr std::array<std::string_view, 4> kClasses = {"MREG", "SFR", "CREG", "CONST"};
-  return std::find(kClasses.begin(), kClasses.end(), name) != kClasses.end();
+  return std::ranges::find(kClasses, name) != kClasses.end();
 }
 
 }  // namespace mardel

@@ -8,8 +8,7 @@ namespace {
 
 template <class record>
 record* FindByName(std::vector<record>& records, std::string_view name) {
-  const auto found = std::find_if(records.begin(), records.end(),
-                                  [name](const record& r) { return r.name == name; });
+  const auto found = std::ranges::find(records, name, &record::name);
   return found == records.end() ? nullptr : &*found;
 }
 

@@ -39,7 +39,7 @@ struct design_place {
   bool operator==(const design_place&) const = default;
 };
 
-struct report {
+struct [[nodiscard]] report {
   rule kind = rule::kDesignMalformed;
   severity how = severity::kError;
   message text;  // as the window's box shows it

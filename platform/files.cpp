@@ -71,8 +71,4 @@ std::string CurrentFolder() {
   return std::filesystem::current_path(unknown).string();
 }
 
-std::string_view FileName(std::string_view path) {
-  return path.substr(path.rfind('/') + 1);
-}
-
 }  // namespace mardel

@@ -15,10 +15,10 @@ constexpr std::size_t kMostFileBytes = std::size_t{64} << 20U;
 // waited for), can't be read, or holds more than kMostFileBytes.
 std::optional<std::string> ReadFile(const std::string& path);
 
-enum class write_status {
-  kWritten,
-  kNotCreated,  // no file could be made there; nothing was touched
-  kFailed,      // disk full or the like in the middle; what stood there before still stands
+enum class [[nodiscard]] write_status{
+    kWritten,
+    kNotCreated,  // no file could be made there; nothing was touched
+    kFailed,      // disk full or the like in the middle; what stood there before still stands
 };
 
 // Replaces a file as a whole, so that a crash or a full disk never costs the old content: written
@@ -35,8 +35,5 @@ std::vector<std::string> ListFiles(const std::string& folder, std::string_view s
 
 // "" when the system can't name it.
 std::string CurrentFolder();
-
-// The path's part after the last "/".
-std::string_view FileName(std::string_view path);
 
 }  // namespace mardel

@@ -9,7 +9,7 @@
 
 namespace mardel {
 
-struct tool_result {
+struct [[nodiscard]] tool_result {
   bool started = false;
   // Each line of the tool's standard output and "\r". Of more than kMostToolOutput bytes the middle
   // is left out, with a note of how much.

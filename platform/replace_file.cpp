@@ -8,6 +8,7 @@
 #include <filesystem>
 
 #include "platform/files.h"
+#include "platform/path.h"
 #include "platform/temporary.h"
 
 namespace mardel {

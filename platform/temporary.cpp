@@ -8,6 +8,7 @@
 
 #include "platform/file_lock.h"
 #include "platform/files.h"
+#include "platform/path.h"
 #include "platform/utf8.h"
 
 namespace mardel {
@@ -66,11 +67,6 @@ temporary MakeTemporary(const std::string& target, mode_t mode) {
 void FlushFolder(const std::string& path) {
   const descriptor folder(open(FolderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (folder.IsOpen()) fsync(folder.Number());
-}
-
-std::string FolderOf(std::string_view path) {
-  const std::size_t slash = path.rfind('/');
-  return slash == std::string_view::npos ? "./" : std::string(path.substr(0, slash + 1));
 }
 
 }  // namespace mardel

@@ -22,9 +22,6 @@ struct temporary {
 // Makes an empty, locked temporary beside `target` and removes leftovers. `mode` is as for open.
 temporary MakeTemporary(const std::string& target, mode_t mode);
 
-// The path up to and with its last "/"; "./" when it has none.
-std::string FolderOf(std::string_view path);
-
 // So that a new name beside `path` outlives a power failure.
 void FlushFolder(const std::string& path);
 

@@ -96,7 +96,7 @@ std::string DropUnstorable(std::string_view text) {
 
 std::size_t CountCharacters(std::string_view text) {
   return static_cast<std::size_t>(
-      std::count_if(text.begin(), text.end(), [](char byte) { return !IsContinuation(byte); }));
+      std::ranges::count_if(text, [](char byte) { return !IsContinuation(byte); }));
 }
 
 void cut_text::Append(std::string_view text) {

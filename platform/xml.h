@@ -97,13 +97,13 @@ inline bool xml_tree::node::HasChildren() const {
   return tree_->elements_[index_].first_child != 0;
 }
 
-enum class xml_status {
-  kRead,
-  kNotLoaded,  // no regular file, unreadable, or too large for the memory that it may take
-  kMalformed,  // no XML, nested too deeply, an entity bomb, or more than a few declarations
+enum class [[nodiscard]] xml_status{
+    kRead,
+    kNotLoaded,  // no regular file, unreadable, or too large for the memory that it may take
+    kMalformed,  // no XML, nested too deeply, an entity bomb, or more than a few declarations
 };
 
-struct xml_result {
+struct [[nodiscard]] xml_result {
   xml_status status = xml_status::kNotLoaded;
   xml_tree tree;  // only when status is kRead
 };

@@ -56,7 +56,7 @@ TEST(DesignFile, GivesNotesTheLineBreaksOfTheHost) {
            "<d><text><text_item><text_str>a&#13;&#10;b&#13;c&#10;&#13;</text_str></text_item></"
            "text></d>");
   library_folder run(folder.Path());
-  run.Load(folder.Path() + "a.mrd", "\r\n");
+  (void)run.Load(folder.Path() + "a.mrd", "\r\n");
   EXPECT_EQ(run.document.texts.Last().text_str, "a\r\nb\r\nc\r\n\r\n");
 }
 

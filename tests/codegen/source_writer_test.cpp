@@ -16,7 +16,7 @@ namespace {
 struct fixture_run : library_folder {
   explicit fixture_run(const std::filesystem::path& folder = WholeFixture())
       : library_folder(folder) {
-    Load(folder / "design.mrd");
+    (void)Load(folder / "design.mrd");
   }
   static std::filesystem::path WholeFixture() {
     return std::filesystem::path(MARDEL_SOURCE_DIR) / "tests/fixtures/sources/whole";
@@ -39,7 +39,7 @@ TEST(SourceWriter, WritesFixtures) {
     EXPECT_EQ(result.status, write_status::kWritten);
     EXPECT_FALSE(run.document.unsaved_changes);
     if (!std::filesystem::exists(folder / "expected_again.dvc")) continue;
-    run.Generate(path);
+    (void)run.Generate(path);
     EXPECT_EQ(ReadAll(path), ReadAll(folder / "expected_again.dvc"));
   }
 }
@@ -70,7 +70,7 @@ TEST(SourceWriter, ChangesNothingWhenNothingIsWritten) {
   EXPECT_EQ(ReadAll(path), "old");
   EXPECT_EQ(run.document.blocks.begin()->id, 0);
 
-  run.Generate(path);
+  (void)run.Generate(path);
   EXPECT_EQ(ReadAll(path), ReadAll(run.WholeFixture() / "expected.dvc"));
 }
 

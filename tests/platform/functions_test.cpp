@@ -4,6 +4,7 @@
 #include "platform/desktop.h"
 #include "platform/files.h"
 #include "platform/host.h"
+#include "platform/path.h"
 #include "platform/process.h"
 #include "platform/qt/requester.h"
 #include "platform/text.h"
