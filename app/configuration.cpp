@@ -14,7 +14,7 @@ constexpr const char* kFileName = "Mardel.con";
 
 struct folder_element {
   const char* name;
-  std::string settings::*value;
+  std::string settings::* value;
 };
 
 constexpr folder_element kFolders[] = {

@@ -8,7 +8,7 @@ namespace {
 
 struct row {
   const char* text;
-  int menu_ids::*id = nullptr;
+  int menu_ids::* id = nullptr;
   const char* keys = "";  // pressed with the host's modifier key
   menu_role role = menu_role::kNone;
   menu_item_kind kind = menu_item_kind::kCommand;

@@ -22,7 +22,7 @@ void ToggleGrid(program& app) {
 }
 
 struct command {
-  int menu_ids::*id;
+  int menu_ids::* id;
   void (*run)(program& app);
 };
 

@@ -115,8 +115,7 @@ void LongSession(benchmark::State& state) {
     window.Run([&] {
       play(0, kEarly);
       const double early = ResidentMebibytes();
-      TimeComputing(
-          state, [&] { play(kEarly, kLate); }, kLate - kEarly);
+      TimeComputing(state, [&] { play(kEarly, kLate); }, kLate - kEarly);
       state.counters[kGrowthCounter] = ResidentMebibytes() - early;
     });
   }

@@ -10,11 +10,11 @@ template <class record>
 struct record_fields {
   struct integer {
     std::string_view name;
-    std::int64_t record::*field;
+    std::int64_t record::* field;
   };
   struct text {
     std::string_view name;
-    std::string record::*field;
+    std::string record::* field;
   };
   std::span<const integer> integers;
   std::span<const text> texts;

@@ -80,7 +80,7 @@ void Expect(bool holds, const std::string& promise) {
 }
 
 template <class T>
-bool AreUnique(const cursor_list<T>& list, std::int64_t T::*id, std::int64_t next_id) {
+bool AreUnique(const cursor_list<T>& list, std::int64_t T::* id, std::int64_t next_id) {
   std::vector<std::int64_t> ids;
   for (const T& each : list) ids.push_back(each.*id);
   std::ranges::sort(ids);
@@ -111,7 +111,7 @@ std::string SortedText(const design& document) {
 
 // Compares, or in any order adopts.
 template <class T>
-void Compare(const cursor_list<T>& program, std::vector<T>& reference, std::int64_t T::*id,
+void Compare(const cursor_list<T>& program, std::vector<T>& reference, std::int64_t T::* id,
              bool in_any_order) {
   std::vector<T> all(program.begin(), program.end());
   if (in_any_order) {

@@ -25,8 +25,8 @@ bool LockOpenFile(const descriptor& file) {
 }
 
 bool IsNamed(const descriptor& file, const std::string& path) {
-  struct stat open_one {};
-  struct stat named {};
+  struct stat open_one{};
+  struct stat named{};
   return fstat(file.Number(), &open_one) == 0 && lstat(path.c_str(), &named) == 0 &&
          open_one.st_dev == named.st_dev && open_one.st_ino == named.st_ino;
 }

@@ -33,7 +33,7 @@ std::optional<std::string> ReadToEnd(const descriptor& file, std::size_t expecte
 bool IsFolder(DIR* folder, const dirent& entry) {
   if (entry.d_type == DT_DIR) return true;
   if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) return false;
-  struct stat found {};
+  struct stat found{};
   return fstatat(dirfd(folder), entry.d_name, &found, 0) == 0 && S_ISDIR(found.st_mode);
 }
 
@@ -42,7 +42,7 @@ bool IsFolder(DIR* folder, const dirent& entry) {
 std::optional<std::string> ReadFile(const std::string& path) {
   if (!IsRegularFile(path)) return std::nullopt;  // opening a device may already have an effect
   const descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-  struct stat found {};
+  struct stat found{};
   if (!file.IsOpen() || fstat(file.Number(), &found) != 0) return std::nullopt;
   if (!S_ISREG(found.st_mode) || found.st_size > static_cast<off_t>(kMostFileBytes)) {
     return std::nullopt;
@@ -51,7 +51,7 @@ std::optional<std::string> ReadFile(const std::string& path) {
 }
 
 bool IsRegularFile(const std::string& path) {
-  struct stat found {};
+  struct stat found{};
   return stat(path.c_str(), &found) == 0 && S_ISREG(found.st_mode);
 }
 

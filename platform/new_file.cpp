@@ -48,7 +48,7 @@ new_file_status MoveFile(const std::string& from, const std::string& to) {
 }
 
 std::optional<file_facts> FactsOf(const std::string& path) {
-  struct stat found {};
+  struct stat found{};
   if (lstat(path.c_str(), &found) != 0 || !S_ISREG(found.st_mode)) return std::nullopt;
   return file_facts{.size = static_cast<std::size_t>(found.st_size),
                     .written = LocalTime(found.st_mtime),

@@ -18,7 +18,7 @@ namespace {
 class size_limit_signal_ignored {
  public:
   size_limit_signal_ignored() {
-    struct sigaction ignore {};
+    struct sigaction ignore{};
     ignore.sa_handler = SIG_IGN;
     sigaction(SIGXFSZ, &ignore, &before_);
   }
@@ -27,7 +27,7 @@ class size_limit_signal_ignored {
   ~size_limit_signal_ignored() { sigaction(SIGXFSZ, &before_, nullptr); }
 
  private:
-  struct sigaction before_ {};
+  struct sigaction before_{};
 };
 
 bool WriteAt(const descriptor& file, std::string_view content, std::size_t place) {
@@ -62,7 +62,7 @@ std::filesystem::path FollowLinks(std::filesystem::path path) {
 // The target as it is before the save.
 struct old_file {
   bool exists = false;
-  struct stat status {};
+  struct stat status{};
 };
 
 // Old permissions, and the old owner where this user may give files away.
@@ -89,7 +89,7 @@ bool Overwrite(const descriptor& file, std::string_view content, std::size_t old
 write_status WriteInPlace(const std::string& target, std::string_view content) {
   const std::optional<std::string> old_content = ReadFile(target);
   const descriptor file(open(target.c_str(), O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-  struct stat old {};
+  struct stat old{};
   if (!file.IsOpen() || fstat(file.Number(), &old) != 0 || !S_ISREG(old.st_mode)) {
     return write_status::kNotCreated;
   }

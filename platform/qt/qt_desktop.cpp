@@ -71,10 +71,9 @@ int qt_desktop::OpenWindow(const window& contents) {
   const int number = ++last_window_;
   auto opened = std::make_unique<secondary_window>(
       contents, *frame_,
-      secondary_window_sink{[this, number](int gadget_id) {
-                              Deliver(gadget_used{number, gadget_id});
-                            },
-                            [this, number] { Deliver(window_close_requested{number}); }});
+      secondary_window_sink{
+          [this, number](int gadget_id) { Deliver(gadget_used{number, gadget_id}); },
+          [this, number] { Deliver(window_close_requested{number}); }});
   opened->show();
   opened->activateWindow();
   windows_.emplace(number, std::move(opened));

@@ -212,7 +212,7 @@ class program_player {
 
   // Adds to the libraries of the program.
   template <class record>
-  void Add(std::vector<record> library_records::*list, record added) {
+  void Add(std::vector<record> library_records::* list, record added) {
     library_records all{app_.libraries.Libraries(), app_.libraries.Definitions(), {}};
     (all.*list).push_back(std::move(added));
     app_.libraries = library_set(std::move(all));
@@ -323,18 +323,9 @@ class program_player {
       {"resize", [this](a) { Send(main_window_resized{}); }},
       {"close_main", [this](a) { Send(main_window_close_requested{}); }},
       {"close", [this](a w) { Send(window_close_requested{w.empty() ? Window() : Number(w[0])}); }},
-      {"type",
-       [this](a w) {
-         desk_.typed[{Window(), Number(w[0])}] = w[1];
-       }},
-      {"check",
-       [this](a w) {
-         desk_.checked[{Window(), Number(w[0])}] = true;
-       }},
-      {"select",
-       [this](a w) {
-         desk_.selected_items[{Window(), 1}] = Number(w[0]);
-       }},
+      {"type", [this](a w) { desk_.typed[{Window(), Number(w[0])}] = w[1]; }},
+      {"check", [this](a w) { desk_.checked[{Window(), Number(w[0])}] = true; }},
+      {"select", [this](a w) { desk_.selected_items[{Window(), 1}] = Number(w[0]); }},
       {"use", [this](a w) { Use(Number(w[0])); }},
       {"ok", [this](a) { Use(1); }},
       {"cancel", [this](a) { Use(2); }},

@@ -69,9 +69,8 @@ TEST_F(canvas_painting_test, CoversWholePixelsAtEveryScale) {
       p.Lines(one, {kBlack, 1.0});
       p.Lines(two, {kBlack, 2.0});
     });
-    const QImage dashed = Draw(each.scale, [](painter& p) {
-      p.StrokeRectangle({2, 2, 12, 9}, {kBlack, 1.0, 4.0});
-    });
+    const QImage dashed =
+        Draw(each.scale, [](painter& p) { p.StrokeRectangle({2, 2, 12, 9}, {kBlack, 1.0, 4.0}); });
     for (int i = 0; i < upright.height(); ++i) {
       EXPECT_EQ(Letters(upright, {0, i}, {1, 0}), each.lines) << each.scale;
       EXPECT_EQ(Letters(level, {i, 0}, {0, 1}), each.lines) << each.scale;
