@@ -340,6 +340,10 @@ class program_player {
       {"block", [this](a w) { AddBlock(Point(w[0])); }},
       {"bare", [this](a w) { AddBlock(Point(w[0])).params.clear(); }},
       {"net", [this](a w) { AddNet(w); }},
+      {"times",
+       [this](a w) {
+         for (int n = Number(w[0]); n > 0; --n) Named(commands_, w[1])({w.begin() + 2, w.end()});
+       }},
       {"nets",
        [this](a w) {
          for (int x = 0; x < Number(w[0]); ++x) design_.nets.Append(NetAcross(x));
