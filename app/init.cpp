@@ -7,10 +7,10 @@
 
 #include "app/configuration.h"
 #include "app/headless_program.h"
-#include "app/paths.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/new_folder.h"
+#include "platform/path.h"
 
 namespace mardel {
 namespace {
@@ -70,7 +70,7 @@ exit_status Run(const init_request& asked) {
 void MakeSamplesOnce() {
   std::error_code unknown;
   const auto standing = std::filesystem::symlink_status(ProgramsFolder(), unknown);
-  if (!std::filesystem::exists(standing)) Run(init_request{});
+  if (!std::filesystem::exists(standing)) (void)Run(init_request{});
 }
 
 }  // namespace mardel
