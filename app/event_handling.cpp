@@ -1,5 +1,7 @@
 #include "app/event_handling.h"
 
+#include "app/clipboard_commands.h"
+#include "app/file_commands.h"
 #include "app/guard.h"
 #include "app/menu_commands.h"
 #include "editor/canvas_input.h"
@@ -21,6 +23,9 @@ struct event_handler {
   void operator()(const canvas_mouse& mouse) const { HandleMouse(app.work, mouse); }
   void operator()(const canvas_wheel& wheel) const { HandleWheel(app.outside.desk, wheel); }
   void operator()(const canvas_key& key) const { HandleKey(app.work, key); }
+  void operator()(const canvas_arrow& arrow) const { HandleArrow(app.work, arrow); }
+  void operator()(const canvas_shortcut& shortcut) const { RunShortcut(app, shortcut.what); }
+  void operator()(const files_dropped& dropped) const { OpenDropped(app, dropped.paths); }
   void operator()(const canvas_interrupted& /*lost*/) const { HandleInterruption(app.work); }
   void operator()(const gadget_used& used) const { app.work.windows.Use(used); }
   void operator()(const window_close_requested& close) const {

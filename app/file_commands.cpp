@@ -3,8 +3,10 @@
 #include "app/guard.h"
 #include "app/reports.h"
 #include "app/title.h"
-#include "codegen/design_file.h"
+#include "editor/canvas_input.h"
+#include "platform/files.h"
 #include "platform/host.h"
+#include "platform/path.h"
 
 namespace mardel {
 namespace {
@@ -17,6 +19,7 @@ void ClearDesignAndUndo(program& app) {
   app.work.undo.records.clear();
   app.work.document.unsaved_changes = false;
   app.outside.desk.Redraw();
+  app.outside.desk.ScrollTo({0, 0, 1, 1});
 }
 
 void ShowFileName(const program& app) {
@@ -26,7 +29,15 @@ void ShowFileName(const program& app) {
 // False when the old file was kept; the design then still counts as unsaved. kept: a file that
 // can't be created is silent and counts as saved.
 bool Write(const program& app, const std::string& path) {
-  if (SaveDesign(app.work.document, path) != write_status::kFailed) return true;
+  switch (SaveDesign(app.work.document, path)) {
+    case write_status::kWritten:
+      app.outside.desk.SetStatus(1, "Saved " + std::string(FileName(path)));
+      return true;
+    case write_status::kNotCreated:
+      return true;
+    case write_status::kFailed:
+      break;
+  }
   app.outside.desk.ShowMessage(
       {.title = "Error Saving Design",
        .text = "Design named " + path + " could not be saved, the old file was kept."});
@@ -60,15 +71,31 @@ void Open(program& app) {
 }
 
 void OpenFile(program& app, const std::string& path) {
-  loaded_design loaded = LoadDesign(path, {.libraries = app.libraries,
-                                           .metrics = app.outside.metrics,
-                                           .line_separator = LineSeparator(HostKind())});
+  loaded_design loaded = LoadDesign(path, LoadContext(app));
   app.work.document = std::move(loaded.document);
   const bool is_loaded = loaded.status == load_status::kLoaded;
   if (is_loaded) ShowFileName(app);
   ShowReports(app.outside.desk, loaded.reports);
   if (!is_loaded) ShowFileName(app);
   app.outside.desk.Redraw();
+}
+
+void OpenDropped(program& app, const std::vector<std::string>& paths) {
+  ResetInteraction(app.work);
+  app.outside.desk.Redraw();
+  const bool is_design =
+      paths.size() == 1 && paths.front().ends_with(".mrd") && IsRegularFile(paths.front());
+  if (!is_design)
+    return app.outside.desk.SetStatus(1, "Only one design file (.mrd) can be dropped");
+  if (!MayLoseChanges(app.work.document, guarded_command::kOpen, app.outside.desk)) return;
+  ClearDesignAndUndo(app);
+  OpenFile(app, paths.front());
+}
+
+load_context LoadContext(const program& app) {
+  return {.libraries = app.libraries,
+          .metrics = app.outside.metrics,
+          .line_separator = LineSeparator(HostKind())};
 }
 
 void Save(program& app) {

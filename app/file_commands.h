@@ -2,8 +2,10 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "app/program.h"
+#include "codegen/design_file.h"
 
 namespace mardel {
 
@@ -16,5 +18,10 @@ void SaveAs(program& app);
 
 // Replaces the design by the file's.
 void OpenFile(program& app, const std::string& path);
+// Opens the one design file among `paths`; says in the status bar when they are anything else.
+void OpenDropped(program& app, const std::vector<std::string>& paths);
+
+// What reading a design depends on.
+load_context LoadContext(const program& app);
 
 }  // namespace mardel

@@ -4,6 +4,7 @@
 #include "codegen/design_check.h"
 #include "codegen/source_writer.h"
 #include "codegen/toolchain.h"
+#include "platform/path.h"
 
 namespace mardel {
 namespace {
@@ -37,8 +38,12 @@ void Generate(program& app, std::optional<int> location) {
                   {.path = path, .moment = app.outside.now(), .mode = app.options.expert});
   if (source.problem) ShowReport(desk, *source.problem);
   if (source.status == write_status::kFailed) return;  // no tool runs on the old file
-  (void)RunToolchain({path, app.options.run_opt, location},
-                     {.options = app.options, .runner = app.outside.runner, .boxes = desk});
+  const toolchain_result ended =
+      RunToolchain({path, app.options.run_opt, location},
+                   {.options = app.options, .runner = app.outside.runner, .boxes = desk});
+  const bool is_well = source.status == write_status::kWritten && !source.problem &&
+                       ended == toolchain_result::kDone;
+  if (is_well) desk.SetStatus(1, "Wrote " + std::string(FileName(path)));
 }
 
 }  // namespace mardel

@@ -7,6 +7,7 @@
 #include "app/reports.h"
 #include "app/startup.h"
 #include "app/title.h"
+#include "editor/canvas_input.h"
 #include "platform/path.h"
 
 namespace mardel {
@@ -21,7 +22,7 @@ main_window MainWindow(const program& app) {
                        .most_height = 1080,
                        .canvas_width = kCanvasWidth,
                        .canvas_height = kCanvasHeight,
-                       .scroll_step = 30,
+                       .scroll_step = kScrollStep,
                        .status_field_widths = {90, 0, 100, 100},
                        .draw_canvas = {}};
   contents.draw_canvas = [&app](painter& canvas) {

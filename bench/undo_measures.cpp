@@ -77,7 +77,7 @@ void AddUndoMeasures(table& all) {
            .size = {},
            .product = RecordAndUndo,
            .floor = Serialise,
-           .target = 3});
+           .target = 10});
 }
 
 }  // namespace mardel

@@ -1,5 +1,7 @@
 #include "codegen/design_file.h"
 
+#include <utility>
+
 #include "codegen/design_reader.h"
 
 namespace mardel {
@@ -27,22 +29,33 @@ report Failure(load_status status, const std::string& path) {
           .text = {"Error Loading Design", design_named + " experienced a loading error."}};
 }
 
+loaded_design Loaded(xml_result read, const load_context& context) {
+  loaded_design loaded{.status = StatusOf(read.status), .document = {}, .reports = {}};
+  if (loaded.status != load_status::kLoaded) return loaded;
+  ReadDesign(loaded.document, read.tree.Root(), context.line_separator);
+  read.tree = {};  // a large one is not to stand beside what else is needed
+  loaded.reports = RelinkDesign(loaded.document, context);
+  return loaded;
+}
+
 }  // namespace
 
 loaded_design LoadDesign(const std::string& path, const load_context& context) {
-  loaded_design loaded;
-  {
-    const xml_result read = ReadXmlFile(path);
-    loaded.status = StatusOf(read.status);
-    if (loaded.status != load_status::kLoaded) {
-      loaded.reports.push_back(Failure(loaded.status, path));
-      return loaded;
-    }
-    ReadDesign(loaded.document, read.tree.Root(), context.line_separator);
+  loaded_design loaded = Loaded(ReadXmlFile(path), context);
+  if (loaded.status == load_status::kLoaded) {
+    loaded.document.file_name = path;
+  } else {
+    loaded.reports.push_back(Failure(loaded.status, path));
   }
-  loaded.document.file_name = path;
-  loaded.reports = RelinkDesign(loaded.document, context);
   return loaded;
+}
+
+loaded_design LoadDesignText(std::string_view text, const load_context& context) {
+  xml_result read = ParseXml(text);
+  const bool is_design =
+      read.status == xml_status::kRead && read.tree.Root().Name() == "MardelDesign";
+  if (!is_design) read.status = xml_status::kMalformed;
+  return Loaded(std::move(read), context);
 }
 
 }  // namespace mardel

@@ -36,5 +36,7 @@ struct load_context {
 
 // With its blocks linked to their definitions.
 loaded_design LoadDesign(const std::string& path, const load_context& context);
+// Of a file's text that someone else may have sent; without a word why it can't be read.
+loaded_design LoadDesignText(std::string_view text, const load_context& context);
 
 }  // namespace mardel

@@ -15,8 +15,6 @@
 namespace mardel {
 namespace {
 
-constexpr int kWheelStep = -10;  // canvas pixels
-
 // One overload for each gesture: what a move of the mouse does, and what a release does.
 struct gesture_move {
   workspace& work;
@@ -27,6 +25,7 @@ struct gesture_move {
   void operator()(const rubber_band& hand) const { StretchRubberBand(work.canvas, hand, at); }
   void operator()(const note_drag& hand) const { DragNote(work, hand, at); }
   void operator()(group_move& hand) const { MoveGroup(work, hand, at); }
+  void operator()(const arrow_move& /*hand*/) const {}
 };
 
 struct gesture_release {
@@ -38,6 +37,7 @@ struct gesture_release {
   void operator()(const rubber_band& hand) const { FinishRubberBand(work, hand, at); }
   void operator()(const note_drag& /*hand*/) const {}
   void operator()(const group_move& /*hand*/) const {}
+  void operator()(const arrow_move& /*hand*/) const {}
 };
 
 // kept: a wire that is being drawn does not hide what the pins under it are.
@@ -48,6 +48,7 @@ struct shows_pins {
   bool operator()(const rubber_band& /*hand*/) const { return false; }
   bool operator()(const note_drag& /*hand*/) const { return false; }
   bool operator()(const group_move& /*hand*/) const { return true; }
+  bool operator()(const arrow_move& /*hand*/) const { return true; }
 };
 
 void ComeToRest(workspace& work) {
@@ -56,8 +57,10 @@ void ComeToRest(workspace& work) {
   ClearStatus(work.canvas);
 }
 
+// What is dragged has been redrawn already.
 void Hover(workspace& work, point at) {
-  const dvblock* block = RaiseBlockAt(work.document, at);
+  const auto [block, is_moved] = RaiseBlockAt(work.document, at);
+  if (is_moved && !IsDragging(work.hand)) work.canvas.Redraw();
   if (block == nullptr || work.document.has_selection) return;
   if (!std::visit(shows_pins(), work.hand)) return;
   const std::optional<pin_hit> pin = HitPin(*block, at);
@@ -78,14 +81,15 @@ void PressBlock(workspace& work, const dvblock& block, point at) {
 
 // A press beside the selection drops it; one on it, even on a pin, moves it.
 void LeftPress(workspace& work, point at) {
+  design& document = work.document;
   work.hand = resting{};
-  const dvblock* block = RaiseBlockAt(work.document, at);
-  const textblock* note = RaiseNoteAt(work.document, at);
-  if (work.document.has_selection) {
-    const bool is_on_it = block != nullptr ? block->selected : note != nullptr && note->selected;
-    if (is_on_it) return BeginGroupMove(work, at);
-    ClearSelection(work.document);
-  }
+  const auto [block, is_block_moved] = RaiseBlockAt(document, at);
+  const auto [note, is_note_moved] = RaiseNoteAt(document, at);
+  const bool is_on_it = block != nullptr ? block->selected : note != nullptr && note->selected;
+  const bool is_dropped = document.has_selection && !is_on_it;
+  if (is_dropped) ClearSelection(document);
+  if (is_dropped || is_block_moved || is_note_moved) work.canvas.Redraw();
+  if (document.has_selection) return BeginGroupMove(work, at);
   if (block != nullptr) return PressBlock(work, *block, at);
   if (note != nullptr) return BeginNoteDrag(work, *note, at);
   BeginRubberBand(work, at);
@@ -97,14 +101,18 @@ void LeftRelease(workspace& work, point at) {
   ComeToRest(work);
 }
 
-void RightPress(workspace& work, point at) {
-  ResetInteraction(work);
-  work.canvas.Redraw();
-  if (const dvblock* block = RaiseBlockAt(work.document, at)) {
+void OpenWindowAt(workspace& work, point at) {
+  if (const dvblock* block = RaiseBlockAt(work.document, at).hit) {
     if (const std::optional<pin_hit> pin = HitPin(*block, at)) return OpenPinDialog(work, *pin);
     return OpenDeviceDialog(work, *block);
   }
-  if (const textblock* note = RaiseNoteAt(work.document, at)) OpenEditNote(work, *note);
+  if (const textblock* note = RaiseNoteAt(work.document, at).hit) OpenEditNote(work, *note);
+}
+
+void RightPress(workspace& work, point at) {
+  ResetInteraction(work);
+  work.canvas.Redraw();
+  OpenWindowAt(work, at);
 }
 
 }  // namespace
@@ -118,6 +126,7 @@ void HandleMouse(workspace& work, const canvas_mouse& mouse) {
     case mouse_action::kLeftRelease:
       return LeftRelease(work, mouse.at);
     case mouse_action::kRightPress:
+    case mouse_action::kDoubleClick:
       return RightPress(work, mouse.at);
   }
 }
@@ -126,8 +135,20 @@ void HandleKey(workspace& work, const canvas_key& key) {
   if (key.code == kDeleteKeyCode) DeleteSelection(work);
 }
 
+void HandleArrow(workspace& work, const canvas_arrow& arrow) {
+  if (!work.document.has_selection) {
+    return work.canvas.ScrollBy({arrow.direction.x * kScrollStep, arrow.direction.y * kScrollStep});
+  }
+  if (!IsDragging(work.hand)) MoveByArrow(work, arrow);
+}
+
+// A whole step scrolls by 10 pixels.
 void HandleWheel(canvas_view& canvas, const canvas_wheel& wheel) {
-  canvas.ScrollBy(wheel.steps * kWheelStep);
+  canvas.ScrollBy({-wheel.tenths.x, -wheel.tenths.y});
+}
+
+bool IsDragging(const gesture& hand) {
+  return !std::holds_alternative<resting>(hand) && !std::holds_alternative<arrow_move>(hand);
 }
 
 void HandleInterruption(workspace& work) {

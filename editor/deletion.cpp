@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "editor/selected_nets.h"
-#include "platform/hash.h"
 
 namespace mardel {
 
@@ -92,11 +91,17 @@ void DeleteBlock(design& document, undo_stack& undo, std::int64_t id, recording 
       });
 }
 
-void DeleteNet(design& document, undo_stack& undo, std::int64_t net_id, recording record) {
+void DeleteNet(design& document, std::int64_t net_id) {
   DeleteEach(
       document.nets, [net_id](const net& wire) { return wire.net_id == net_id; },
+      [](const net& /*wire*/) {});
+}
+
+void DeleteNets(design& document, undo_stack& undo,
+                const std::unordered_set<std::int64_t, id_hash>& net_ids) {
+  DeleteEach(
+      document.nets, [&](const net& wire) { return net_ids.contains(wire.net_id); },
       [&](const net& wire) {
-        if (record == recording::kOff) return;
         Push(undo, wire, net_action::kDeleted);
         CloseGroup(undo);
       });

@@ -1,7 +1,11 @@
 #include "editor/device_dialog.h"
 
+#include <string_view>
+#include <unordered_map>
+
 #include "editor/deletion.h"
 #include "editor/dialog_parts.h"
+#include "platform/hash.h"
 
 namespace mardel {
 namespace {
@@ -16,7 +20,8 @@ void AddRows(std::vector<gadget>& gadgets, const std::vector<param>& params) {
     gadgets.push_back({.id = kFirstRowGadget + row++,
                        .kind = gadget_kind::kTextField,
                        .place = {200, y, 100, 20},
-                       .text = each.param_value});
+                       .text = each.param_value,
+                       .tooltip = each.param_desc});
   }
 }
 
@@ -43,12 +48,11 @@ window DeviceWindow(const dvblock& block) {
 
 // The last row of a name decides for all parameters of that name.
 void SetParams(dvblock& block, const secondary_windows& desk, int number) {
+  std::unordered_map<std::string_view, int, text_hash> rows;
   int row = kFirstRowGadget;
-  for (const param& named : block.params) {
-    const std::string typed = desk.GadgetText(number, row++);
-    for (param& each : block.params) {
-      if (each.param_name == named.param_name) each.param_value = typed;
-    }
+  for (const param& named : block.params) rows[named.param_name] = row++;
+  for (param& each : block.params) {
+    each.param_value = desk.GadgetText(number, rows.at(each.param_name));
   }
 }
 

@@ -17,6 +17,7 @@ void PlaceBlock(workspace& work, const blockdef& definition) {
   CloseGroup(work.undo);
   document.unsaved_changes = true;
   work.canvas.Redraw();
+  work.canvas.ScrollTo({placed.x, placed.y, placed.width, placed.height});
 }
 
 void Undo(workspace& work) {

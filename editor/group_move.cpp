@@ -47,9 +47,8 @@ point WayBack(const extent& moved) {
   return {kLastColumn - (moved.left + moved.right), kLastRow - (moved.top + moved.bottom)};
 }
 
-}  // namespace
-
-void BeginGroupMove(workspace& work, point at) {
+// As an undo step.
+void RecordSelection(workspace& work) {
   const nets_by_block touching = NetsOfSelection(work.document);
   for (const dvblock& block : work.document.blocks) {
     if (!block.selected) continue;
@@ -62,20 +61,42 @@ void BeginGroupMove(workspace& work, point at) {
     if (note.selected) Push(work.undo, note, note_action::kMoved);
   }
   CloseGroup(work.undo);
+}
+
+void MoveAndShow(workspace& work, point by) {
+  const point corner = MoveSelection(work.document, by);
+  work.canvas.Redraw();
+  ShowPosition(work.canvas, corner);
+  work.document.unsaved_changes = true;
+}
+
+}  // namespace
+
+point MoveSelection(design& document, point by) {
+  const extent moved = Shift(document, by);
+  const point back = WayBack(moved);
+  Shift(document, back);
+  UpdateNetEndsOfSelection(document);
+  return {moved.corner.x + back.x, moved.corner.y + back.y};
+}
+
+void BeginGroupMove(workspace& work, point at) {
+  RecordSelection(work);
   work.hand = group_move{at};
 }
 
 void MoveGroup(workspace& work, group_move& hand, point at) {
-  design& document = work.document;
-  if (!document.has_selection) return;
-  const extent moved = Shift(document, {at.x - hand.last.x, at.y - hand.last.y});
-  const point back = WayBack(moved);
-  Shift(document, back);
-  UpdateNetEndsOfSelection(document);
-  work.canvas.Redraw();
-  ShowPosition(work.canvas, {moved.corner.x + back.x, moved.corner.y + back.y});
+  if (!work.document.has_selection) return;
+  MoveAndShow(work, {at.x - hand.last.x, at.y - hand.last.y});
   hand.last = at;
-  document.unsaved_changes = true;
+}
+
+void MoveByArrow(workspace& work, const canvas_arrow& arrow) {
+  const bool goes_on = arrow.is_repeat && std::holds_alternative<arrow_move>(work.hand);
+  if (!goes_on) RecordSelection(work);
+  work.hand = arrow_move{};
+  const std::int64_t step = arrow.with_shift ? 10 : 1;
+  MoveAndShow(work, {arrow.direction.x * step, arrow.direction.y * step});
 }
 
 }  // namespace mardel

@@ -11,22 +11,23 @@ bool Contains(const rectangle& area, point at) {
 }
 
 template <class record>
-record* RaiseLastAt(cursor_list<record>& list, point at) {
+raised<record> RaiseLastAt(cursor_list<record>& list, point at) {
   for (auto each = list.rbegin(); each != list.rend(); ++each) {
     if (!Contains({each->x, each->y, each->width, each->height}, at)) continue;
+    const bool is_moved = each != list.rbegin();
     list.MoveToEnd(std::prev(each.base()));
-    return &list.Last();
+    return {&list.Last(), is_moved};
   }
-  return nullptr;
+  return {};
 }
 
 }  // namespace
 
-dvblock* RaiseBlockAt(design& document, point at) {
+raised<dvblock> RaiseBlockAt(design& document, point at) {
   return RaiseLastAt(document.blocks, at);
 }
 
-textblock* RaiseNoteAt(design& document, point at) {
+raised<textblock> RaiseNoteAt(design& document, point at) {
   return RaiseLastAt(document.texts, at);
 }
 

@@ -43,6 +43,7 @@ void AddNote(workspace& work, std::string typed) {
   MeasureNote(note, work.metrics);
   Push(work.undo, note, note_action::kAdded);
   CloseGroup(work.undo);
+  work.canvas.ScrollTo({note.x, note.y, note.width, note.height});
 }
 
 // No text deletes the note.

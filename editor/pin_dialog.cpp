@@ -1,5 +1,8 @@
 #include "editor/pin_dialog.h"
 
+#include <string_view>
+#include <unordered_map>
+
 #include "editor/deletion.h"
 #include "editor/dialog_parts.h"
 #include "editor/wiring.h"
@@ -12,15 +15,24 @@ std::string SubOf(const design& document, std::int64_t block_id) {
   return block == nullptr ? "" : block->sub;
 }
 
-gadget DeletionBox(const design& document, const net& wire, int row, std::int64_t y) {
+// By the ids of the blocks, the first of each.
+using block_names = std::unordered_map<std::int64_t, std::string_view, id_hash>;
+
+gadget DeletionBox(const block_names& subs, const net& wire, int row, std::int64_t y) {
+  const auto sub_of = [&subs](std::int64_t id) {
+    const auto found = subs.find(id);
+    return std::string(found == subs.end() ? std::string_view() : found->second);
+  };
   return {.id = kFirstRowGadget + row,
           .kind = gadget_kind::kCheckBox,
           .place = {50, y, 325, 25},
-          .text = "Delete net: " + SubOf(document, wire.id_1) + ":" + wire.pin_1_name + " to " +
-                  SubOf(document, wire.id_2) + ":" + wire.pin_2_name};
+          .text = "Delete net: " + sub_of(wire.id_1) + ":" + wire.pin_1_name + " to " +
+                  sub_of(wire.id_2) + ":" + wire.pin_2_name};
 }
 
 int AddRows(std::vector<gadget>& gadgets, const design& document) {
+  block_names subs;
+  for (const dvblock& block : document.blocks) subs.emplace(block.id, block.sub);
   int row = 0;
   for (const net& wire : document.nets) {
     if (!wire.selected) continue;
@@ -28,7 +40,7 @@ int AddRows(std::vector<gadget>& gadgets, const design& document) {
     gadget swatch = Label({25, y + 5, 50, 20}, "\u2588");
     swatch.ink = WithAlpha(wire.color, 255);
     gadgets.push_back(std::move(swatch));
-    gadgets.push_back(DeletionBox(document, wire, row++, y));
+    gadgets.push_back(DeletionBox(subs, wire, row++, y));
   }
   return row;
 }
@@ -51,15 +63,13 @@ window PinWindow(const design& document, const pin_hit& hit) {
 
 // Each deleted net is an undo step of its own.
 void DeleteCheckedNets(workspace& work, int number) {
-  std::vector<std::int64_t> checked;
+  std::unordered_set<std::int64_t, id_hash> checked;
   int row = kFirstRowGadget;
   for (const net& wire : work.document.nets) {
     if (!wire.selected) continue;
-    if (work.windows.Desk().GadgetChecked(number, row++)) checked.push_back(wire.net_id);
+    if (work.windows.Desk().GadgetChecked(number, row++)) checked.insert(wire.net_id);
   }
-  for (const std::int64_t net_id : checked) {
-    DeleteNet(work.document, work.undo, net_id, recording::kOn);
-  }
+  DeleteNets(work.document, work.undo, checked);
 }
 
 }  // namespace

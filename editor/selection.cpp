@@ -57,6 +57,12 @@ void FinishRubberBand(workspace& work, const rubber_band& hand, point at) {
   work.canvas.Redraw();
 }
 
+void SelectAll(design& document) {
+  for (dvblock& block : document.blocks) block.selected = true;
+  for (textblock& note : document.texts) note.selected = true;
+  document.has_selection = !document.blocks.empty() || !document.texts.empty();
+}
+
 void DeleteSelection(workspace& work) {
   design& document = work.document;
   if (!document.has_selection) return;

@@ -10,6 +10,8 @@ void StretchRubberBand(canvas_view& canvas, const rubber_band& hand, point at);
 // Selects what lies wholly inside the band.
 void FinishRubberBand(workspace& work, const rubber_band& hand, point at);
 
+// All blocks and notes.
+void SelectAll(design& document);
 void DeleteSelection(workspace& work);
 
 }  // namespace mardel

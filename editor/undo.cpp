@@ -115,7 +115,7 @@ void restoration::TakeBack(net_action action, const std::string& xml) {
   wire.selected = false;
   switch (action) {
     case net_action::kMade:
-      DeleteNet(document_, stack_, wire.net_id, recording::kOff);
+      DeleteNet(document_, wire.net_id);
       return nets_.ForgetPlaces();
     case net_action::kMoved:
       return Overwrite(nets_, std::move(wire));

@@ -10,7 +10,7 @@ namespace {
 constexpr stroke kWirePen = {kNetColour, kNetWidth};
 
 std::optional<pin_hit> HitPinOfTopBlock(design& document, point at) {
-  const dvblock* block = RaiseBlockAt(document, at);
+  const dvblock* block = RaiseBlockAt(document, at).hit;
   return block == nullptr ? std::nullopt : HitPin(*block, at);
 }
 

@@ -37,9 +37,13 @@ struct note_drag {
 struct group_move {
   point last;  // mouse position of the last step
 };
+// The arrow keys move the selection, until anything else happens.
+struct arrow_move {};
 
-// What a press of the left button begins and its release ends.
-using gesture = std::variant<resting, block_drag, wire_drag, rubber_band, note_drag, group_move>;
+// What the hand is at. But for the first and the last a press of the left button begins it and its
+// release ends it.
+using gesture =
+    std::variant<resting, block_drag, wire_drag, rubber_band, note_drag, group_move, arrow_move>;
 
 struct workspace {
   workspace(ui& desk, const text_metrics& measures)

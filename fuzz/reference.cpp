@@ -57,6 +57,7 @@ void reference::Mouse(const canvas_mouse& mouse) {
     case mouse_action::kLeftRelease:
       return LeftRelease(mouse.at);
     case mouse_action::kRightPress:
+    case mouse_action::kDoubleClick:
       return RightPress(mouse.at);
   }
 }

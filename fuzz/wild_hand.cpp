@@ -85,7 +85,7 @@ void wild_hand::Plan() {
   if (choice < 15) return PlanDrag(SomePoint(), Anywhere());
   if (choice < 17) return PlanBand();
   if (choice < 19) return PlanDrag(OnSelection(), Anywhere());
-  if (choice == 19) return plan_.push_back(Mouse(mouse_action::kRightPress, SomePoint()));
+  if (choice == 19) return plan_.push_back(Mouse(mouse_action::kDoubleClick, SomePoint()));
   if (choice == 20) return plan_.push_back(Mouse(mouse_action::kRightPress, OnSomePin()));
   if (choice < 25) return PlanBlock();
   if (choice == 25) return plan_.push_back(menu_chosen{app_.ids.undo});
@@ -131,7 +131,7 @@ event wild_hand::SingleEvent() {
     case 3:
       return canvas_key{random_.OneIn(2) ? kDeleteKeyCode : static_cast<int>(random_.Below(200))};
     case 4:
-      return canvas_wheel{static_cast<int>(random_.Below(9)) - 4};
+      return canvas_wheel{{0, 10 * (static_cast<int>(random_.Below(9)) - 4)}};
     case 5:
       return UseSomeWindow();
     case 6:

@@ -71,7 +71,10 @@ class wild_ui : public ui {
   void SetPointer(pointer_shape shape) override { pointer = shape; }
   void Redraw() override;
   void ShowOverlay(const overlay& shape) override { over = shape; }
-  void ScrollBy(int /*pixels*/) override {}
+  void ScrollBy(point /*pixels*/) override {}
+  void ScrollTo(const rectangle& /*place*/) override {}
+  std::string ClipboardText() const override { return {}; }
+  void SetClipboardText(const std::string& /*text*/) override {}
   void CheckMenuItem(int /*id*/, bool /*checked*/) override {}
   int OpenWindow(const window& contents) override;
   void CloseWindow(int number) override;

@@ -98,8 +98,10 @@ class canvas_view {
   // Paints the whole design anew, without an overlay, before the next event or message box.
   virtual void Redraw() = 0;
   virtual void ShowOverlay(const overlay& shape) = 0;
-  // Adds to the vertical position of the area that holds the canvas.
-  virtual void ScrollBy(int pixels) = 0;
+  // Adds to the position of the area that holds the canvas.
+  virtual void ScrollBy(point pixels) = 0;
+  // Scrolls as little as shows the place, above all its top-left corner.
+  virtual void ScrollTo(const rectangle& place) = 0;
 };
 
 // What a secondary window needs.
@@ -133,6 +135,9 @@ class ui : public message_boxes, public canvas_view, public secondary_windows {
   virtual std::string AskSaveFile(const file_request& request) = 0;
   virtual void SetTitle(const std::string& title) = 0;
   virtual void CheckMenuItem(int id, bool checked) = 0;
+  // "" when the clipboard holds no text, or more than kMostFileBytes of it.
+  virtual std::string ClipboardText() const = 0;
+  virtual void SetClipboardText(const std::string& text) = 0;
 };
 
 }  // namespace mardel

@@ -6,6 +6,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 #include "platform/qt/qt_painter.h"
@@ -13,7 +14,17 @@
 namespace mardel {
 namespace {
 
-constexpr int kWheelStep = 120;  // eighths of a degree, as wheels report them
+constexpr int kTenthOfStep = 12;  // eighths of a degree, as wheels report them
+
+struct arrow_key {
+  int key;
+  point direction;
+};
+
+constexpr arrow_key kArrows[] = {{Qt::Key_Left, {-1, 0}},
+                                 {Qt::Key_Right, {1, 0}},
+                                 {Qt::Key_Up, {0, -1}},
+                                 {Qt::Key_Down, {0, 1}}};
 
 void PaintOverlay(painter& target, const overlay& shape) {
   const auto [from, to] = shape.span;
@@ -68,6 +79,7 @@ void canvas::Send(mouse_action action, const QMouseEvent& happened) {
 }
 
 void canvas::mouseMoveEvent(QMouseEvent* happened) {
+  is_second_click_ = false;
   Send(mouse_action::kMove, *happened);
 }
 
@@ -80,29 +92,42 @@ void canvas::mousePressEvent(QMouseEvent* happened) {
   }
 }
 
-// The second press of a quick pair is a press like any other.
+// The second press of a quick pair is a press like any other, which may begin a drag.
 void canvas::mouseDoubleClickEvent(QMouseEvent* happened) {
   mousePressEvent(happened);
+  is_second_click_ = left_is_down_;
 }
 
 void canvas::mouseReleaseEvent(QMouseEvent* happened) {
   if (happened->button() != Qt::LeftButton || !left_is_down_) return;
   left_is_down_ = false;
   Send(mouse_action::kLeftRelease, *happened);
+  if (std::exchange(is_second_click_, false)) Send(mouse_action::kDoubleClick, *happened);
 }
 
 // Accepted, so that the scroll area does not scroll on its own as well.
 void canvas::wheelEvent(QWheelEvent* happened) {
-  const int turned = happened->angleDelta().y();
-  if (turned == 0) {
-    happened->ignore();
-    return;
-  }
   happened->accept();
-  wheel_rest_ += turned;
-  const int steps = wheel_rest_ / kWheelStep;
-  wheel_rest_ -= steps * kWheelStep;
-  if (steps != 0) deliver_(canvas_wheel{steps});
+  const bool is_sideways = happened->modifiers().testFlag(Qt::ShiftModifier);
+  const QPoint turned = happened->angleDelta();
+  wheel_rest_ += is_sideways ? turned.transposed() : turned;
+  const QPoint tenths(wheel_rest_.x() / kTenthOfStep, wheel_rest_.y() / kTenthOfStep);
+  wheel_rest_ -= tenths * kTenthOfStep;
+  if (!tenths.isNull()) deliver_(canvas_wheel{{tenths.x(), tenths.y()}});
+}
+
+bool canvas::SendShortcut(const QKeyEvent& happened) {
+  static const std::pair<QKeySequence::StandardKey, edit_shortcut> keys[] = {
+      {QKeySequence::SelectAll, edit_shortcut::kSelectAll},
+      {QKeySequence::Cut, edit_shortcut::kCut},
+      {QKeySequence::Copy, edit_shortcut::kCopy},
+      {QKeySequence::Paste, edit_shortcut::kPaste}};
+  for (const auto& [key, what] : keys) {
+    if (!happened.matches(key)) continue;
+    deliver_(canvas_shortcut{what});
+    return true;
+  }
+  return false;
 }
 
 void canvas::keyPressEvent(QKeyEvent* happened) {
@@ -110,6 +135,14 @@ void canvas::keyPressEvent(QKeyEvent* happened) {
     deliver_(canvas_key{kDeleteKeyCode});
     return;
   }
+  const auto* const arrow = std::ranges::find(kArrows, happened->key(), &arrow_key::key);
+  if (arrow != std::end(kArrows)) {
+    deliver_(canvas_arrow{.direction = arrow->direction,
+                          .with_shift = happened->modifiers().testFlag(Qt::ShiftModifier),
+                          .is_repeat = happened->isAutoRepeat()});
+    return;
+  }
+  if (SendShortcut(*happened)) return;
   QWidget::keyPressEvent(happened);
 }
 

@@ -35,6 +35,7 @@ class canvas : public QWidget {
 
  private:
   void Send(mouse_action action, const QMouseEvent& happened);
+  bool SendShortcut(const QKeyEvent& happened);
   void Interrupt();
 
   std::function<void(painter&)> draw_;
@@ -42,7 +43,8 @@ class canvas : public QWidget {
   text_layouts& layouts_;
   overlay overlay_;
   bool left_is_down_ = false;
-  int wheel_rest_ = 0;  // eighths of a degree that make no whole step yet
+  bool is_second_click_ = false;  // of a double click, while nothing moves
+  QPoint wheel_rest_;             // eighths of a degree that make no whole tenth of a step yet
 };
 
 }  // namespace mardel

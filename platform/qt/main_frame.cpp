@@ -1,7 +1,11 @@
 #include "platform/qt/main_frame.h"
 
 #include <QCloseEvent>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QScrollBar>
+#include <QUrl>
+#include <algorithm>
 #include <utility>
 
 #include "platform/qt/qt_text.h"
@@ -25,17 +29,45 @@ main_frame::main_frame(const main_window& contents, event_sink deliver, text_lay
   setMinimumSize(contents.least_width, contents.least_height);
   setMaximumSize(contents.most_width, contents.most_height);
   resize(contents.width, contents.height);
+  setAcceptDrops(true);
   canvas_->setFocus();
 }
 
-void main_frame::ScrollBy(int pixels) {
-  QScrollBar& bar = *area_->verticalScrollBar();
-  bar.setValue(bar.value() + pixels);
+void main_frame::ScrollBy(point pixels) {
+  QScrollBar& across = *area_->horizontalScrollBar();
+  QScrollBar& down = *area_->verticalScrollBar();
+  across.setValue(across.value() + static_cast<int>(pixels.x));
+  down.setValue(down.value() + static_cast<int>(pixels.y));
+}
+
+// The last call counts where not all of the place can be shown.
+void main_frame::ScrollTo(const rectangle& place) {
+  const auto on_canvas = [this](std::int64_t x, std::int64_t y) {
+    return QPoint(static_cast<int>(std::clamp<std::int64_t>(x, 0, canvas_->width() - 1)),
+                  static_cast<int>(std::clamp<std::int64_t>(y, 0, canvas_->height() - 1)));
+  };
+  const QPoint last = on_canvas(place.x + place.width - 1, place.y + place.height - 1);
+  const QPoint first = on_canvas(place.x, place.y);
+  area_->ensureVisible(last.x(), last.y(), 0, 0);
+  area_->ensureVisible(first.x(), first.y(), 0, 0);
 }
 
 void main_frame::closeEvent(QCloseEvent* happened) {
   happened->ignore();
   deliver_(main_window_close_requested{});
+}
+
+void main_frame::dragEnterEvent(QDragEnterEvent* happened) {
+  if (happened->mimeData()->hasUrls()) happened->acceptProposedAction();
+}
+
+void main_frame::dropEvent(QDropEvent* happened) {
+  files_dropped dropped;
+  for (const QUrl& each : happened->mimeData()->urls()) {
+    dropped.paths.push_back(FromQt(each.toLocalFile()));
+  }
+  happened->acceptProposedAction();
+  deliver_(dropped);
 }
 
 void main_frame::resizeEvent(QResizeEvent* happened) {

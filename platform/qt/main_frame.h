@@ -19,10 +19,13 @@ class main_frame : public QMainWindow {
   canvas& Canvas() { return *canvas_; }
   menu_bar& Menus() { return menus_; }
   status_fields& Status() { return *status_; }
-  void ScrollBy(int pixels);
+  void ScrollBy(point pixels);
+  void ScrollTo(const rectangle& place);
 
  protected:
   void closeEvent(QCloseEvent* happened) override;
+  void dragEnterEvent(QDragEnterEvent* happened) override;
+  void dropEvent(QDropEvent* happened) override;
   void resizeEvent(QResizeEvent* happened) override;
 
  private:

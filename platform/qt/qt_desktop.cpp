@@ -1,8 +1,10 @@
 #include "platform/qt/qt_desktop.h"
 
+#include <QClipboard>
 #include <cstdlib>
 #include <utility>
 
+#include "platform/files.h"
 #include "platform/qt/gadget_widgets.h"
 #include "platform/qt/message_box.h"
 #include "platform/qt/qt_text.h"
@@ -59,8 +61,21 @@ void qt_desktop::ShowOverlay(const overlay& shape) {
   frame_->Canvas().ShowOverlay(shape);
 }
 
-void qt_desktop::ScrollBy(int pixels) {
+void qt_desktop::ScrollBy(point pixels) {
   frame_->ScrollBy(pixels);
+}
+
+void qt_desktop::ScrollTo(const rectangle& place) {
+  frame_->ScrollTo(place);
+}
+
+std::string qt_desktop::ClipboardText() const {
+  std::string text = FromQt(QApplication::clipboard()->text());
+  return text.size() > kMostFileBytes ? std::string() : text;
+}
+
+void qt_desktop::SetClipboardText(const std::string& text) {
+  QApplication::clipboard()->setText(ToQt(text));
 }
 
 void qt_desktop::CheckMenuItem(int id, bool checked) {

@@ -26,8 +26,11 @@ class qt_desktop : public desktop {
   void SetPointer(pointer_shape shape) override;
   void Redraw() override;
   void ShowOverlay(const overlay& shape) override;
-  void ScrollBy(int pixels) override;
+  void ScrollBy(point pixels) override;
+  void ScrollTo(const rectangle& place) override;
   void CheckMenuItem(int id, bool checked) override;
+  std::string ClipboardText() const override;
+  void SetClipboardText(const std::string& text) override;
   int OpenWindow(const window& contents) override;
   void CloseWindow(int number) override;
   std::string GadgetText(int number, int gadget_id) const override;

@@ -318,7 +318,22 @@ class program_player {
       {"release", [this](a w) { Mouse(mouse_action::kLeftRelease, w); }},
       {"right", [this](a w) { Mouse(mouse_action::kRightPress, w); }},
       {"key", [this](a w) { Send(canvas_key{Number(w[0])}); }},
-      {"wheel", [this](a w) { Send(canvas_wheel{Number(w[0])}); }},
+      {"wheel", [this](a w) { Send(canvas_wheel{Point(w[0])}); }},
+      {"double", [this](a w) { Mouse(mouse_action::kDoubleClick, w); }},
+      {"arrow",
+       [this](a w) {
+         Send(canvas_arrow{Point(w[0]), w.back() == "shift", w.back() == "again"});
+       }},
+      {"shortcut",
+       [this](a w) {
+         static const std::map<std::string, edit_shortcut> names{{"all", edit_shortcut::kSelectAll},
+                                                                 {"cut", edit_shortcut::kCut},
+                                                                 {"copy", edit_shortcut::kCopy},
+                                                                 {"paste", edit_shortcut::kPaste}};
+         Send(canvas_shortcut{names.at(w[0])});
+       }},
+      {"drop", [this](a w) { Send(files_dropped{w}); }},
+      {"clip", [this](a w) { desk_.clipboard = w[0]; }},
       {"interrupt", [this](a) { Send(canvas_interrupted{}); }},
       {"resize", [this](a) { Send(main_window_resized{}); }},
       {"close_main", [this](a) { Send(main_window_close_requested{}); }},
@@ -386,6 +401,7 @@ class program_player {
          Show(app_.options.pre_exe + ' ' + app_.options.asm_exe);
          ShowText(ConfigurationText(app_.options));
        }},
+      {"clipboard", [this](a) { ShowText(desk_.clipboard); }},
       {"extent", [this](a) { ShowExtent(); }},
       {"type_of", [this](a w) { Show('[' + PinType(design_, Number(w[0]), w[1]) + ']'); }},
       {"snapshots", [this](a) { ForAll([this](auto& each) { ShowLine(WriteSnapshot(each)); }); }},

@@ -31,7 +31,19 @@ std::string Describe(const event& happened) {
       return "mouse " + std::to_string(static_cast<int>(e.action)) + " at " +
              std::to_string(e.at.x) + "," + std::to_string(e.at.y);
     }
-    std::string operator()(const canvas_wheel& e) { return "wheel " + std::to_string(e.steps); }
+    std::string operator()(const canvas_wheel& e) {
+      return "wheel " + std::to_string(e.tenths.x) + "," + std::to_string(e.tenths.y);
+    }
+    std::string operator()(const canvas_arrow& e) {
+      return "arrow " + std::to_string(e.direction.x) + "," + std::to_string(e.direction.y) +
+             (e.with_shift ? " shift" : "");
+    }
+    std::string operator()(const canvas_shortcut& e) {
+      return "shortcut " + std::to_string(static_cast<int>(e.what));
+    }
+    std::string operator()(const files_dropped& e) {
+      return "dropped " + std::to_string(e.paths.size());
+    }
     std::string operator()(const canvas_key& e) { return "key " + std::to_string(e.code); }
     std::string operator()(const canvas_interrupted&) { return "interrupted"; }
     std::string operator()(const gadget_used& e) { return "gadget " + std::to_string(e.gadget); }

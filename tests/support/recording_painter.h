@@ -28,10 +28,12 @@ inline std::string Describe(const rectangle& r) {
   return out.str();
 }
 
+inline std::string Describe(point p) {
+  return '(' + std::to_string(p.x) + ',' + std::to_string(p.y) + ')';
+}
+
 inline std::string Describe(const line& l) {
-  std::ostringstream out;
-  out << '(' << l.from.x << ',' << l.from.y << ")-(" << l.to.x << ',' << l.to.y << ')';
-  return out.str();
+  return Describe(l.from) + '-' + Describe(l.to);
 }
 
 class recording_painter : public painter {

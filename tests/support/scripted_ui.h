@@ -22,6 +22,7 @@ class scripted_ui : public ui {
   std::map<std::pair<int, int>, std::string> typed;  // (window, gadget) to what the user typed
   std::map<std::pair<int, int>, bool> checked;
   std::map<std::pair<int, int>, int> selected_items;
+  std::string clipboard;
 
   answer ShowMessage(const message& shown) override {
     calls.push_back("message " + shown.title + ": " + shown.text);
@@ -50,10 +51,15 @@ class scripted_ui : public ui {
                                                               : "none ";
     calls.push_back("overlay " + (name + Describe(o.span)) + ' ' + Describe(o.pen));
   }
-  void ScrollBy(int pixels) override { calls.push_back("scroll " + std::to_string(pixels)); }
+  void ScrollBy(point by) override { calls.push_back("scroll by " + Describe(by)); }
+  void ScrollTo(const rectangle& place) override {
+    calls.push_back("scroll to " + Describe(place));
+  }
   void CheckMenuItem(int id, bool is_checked) override {
     calls.push_back((is_checked ? "check " : "uncheck ") + std::to_string(id));
   }
+  std::string ClipboardText() const override { return clipboard; }
+  void SetClipboardText(const std::string& text) override { clipboard = text; }
   int OpenWindow(const window& contents) override {
     const int number = ++last_window_;
     windows.emplace(number, contents);
