@@ -138,7 +138,7 @@ class qt_picture_maker : public picture_maker {
 }  // namespace
 
 std::unique_ptr<picture_maker> StartPictures() {
-  QuietToolkit();
+  QuietToolkitForPictures();
   // The user's theme would look for a display.
   qunsetenv("QT_QPA_PLATFORMTHEME");
   // How long the dates in a PDF file are depends on the zone.

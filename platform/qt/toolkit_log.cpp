@@ -1,21 +1,41 @@
 #include "platform/qt/toolkit_log.h"
 
+#include <QString>
 #include <QtGlobal>
+#include <cstdio>
 #include <cstdlib>
 
 namespace mardel {
 namespace {
 
+void TellWhoAsks(const QString& text) {
+  if (!qEnvironmentVariableIsSet("QT_DEBUG_PLUGINS")) return;
+  std::fprintf(stderr, "%s\n", text.toLocal8Bit().constData());
+}
+
 // The toolkit would end a process without a display by an abort.
-void HandleToolkitMessage(QtMsgType type, const QMessageLogContext& /*where*/,
-                          const QString& /*text*/) {
+void HandleWindowMessage(QtMsgType type, const QMessageLogContext& /*where*/, const QString& text) {
+  TellWhoAsks(text);
   if (type == QtFatalMsg) std::_Exit(EXIT_FAILURE);
+}
+
+void HandlePictureMessage(QtMsgType type, const QMessageLogContext& /*where*/,
+                          const QString& text) {
+  TellWhoAsks(text);
+  if (type != QtFatalMsg) return;
+  constexpr int kFileMissing = 3;  // as the command line has it
+  std::fputs("mardel: the toolkit's part that draws pictures can't be loaded\n", stderr);
+  std::_Exit(kFileMissing);
 }
 
 }  // namespace
 
 void QuietToolkit() {
-  qInstallMessageHandler(HandleToolkitMessage);
+  qInstallMessageHandler(HandleWindowMessage);
+}
+
+void QuietToolkitForPictures() {
+  qInstallMessageHandler(HandlePictureMessage);
 }
 
 }  // namespace mardel

@@ -3,7 +3,11 @@
 
 namespace mardel {
 
-// Nothing is logged, and a platform that can't be started ends the process quietly with a failure.
+// Nothing is logged unless QT_DEBUG_PLUGINS is set, and a platform that can't be started ends the
+// process quietly with a failure.
 void QuietToolkit();
+
+// The same for the command line, where a line on standard error says it and the status is 3.
+void QuietToolkitForPictures();
 
 }  // namespace mardel
