@@ -3,6 +3,8 @@
 #include "app/guard.h"
 #include "app/reports.h"
 #include "app/title.h"
+#include "codegen/design_file.h"
+#include "codegen/value_fate.h"
 #include "editor/canvas_input.h"
 #include "platform/files.h"
 #include "platform/host.h"
@@ -26,21 +28,22 @@ void ShowFileName(const program& app) {
   app.outside.desk.SetTitle(Title(app.work.document.file_name));
 }
 
+void ShowSaved(const program& app, const std::string& path) {
+  const std::string breaking = ValueThatBreaksFile(app.work.document);
+  app.outside.desk.SetStatus(
+      1, "Saved " + std::string(FileName(path)) +
+             (breaking.empty() ? "" : ", but " + breaking + " makes the file unreadable"));
+}
+
 // False when the old file was kept; the design then still counts as unsaved. kept: a file that
 // can't be created is silent and counts as saved.
 bool Write(const program& app, const std::string& path) {
-  switch (SaveDesign(app.work.document, path)) {
-    case write_status::kWritten:
-      app.outside.desk.SetStatus(1, "Saved " + std::string(FileName(path)));
-      return true;
-    case write_status::kNotCreated:
-      return true;
-    case write_status::kFailed:
-      break;
-  }
-  app.outside.desk.ShowMessage(
-      {.title = "Error Saving Design",
-       .text = "Design named " + path + " could not be saved, the old file was kept."});
+  const write_status status = SaveDesign(app.work.document, path);
+  if (status == write_status::kWritten) ShowSaved(app, path);
+  if (!IsFault(status)) return true;
+  app.outside.desk.ShowMessage({.title = "Error Saving Design",
+                                .text = "Design named " + path + " could not be saved, " +
+                                        std::string(FateOfOldFile(status))});
   return false;
 }
 

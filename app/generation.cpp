@@ -37,7 +37,7 @@ void Generate(program& app, std::optional<int> location) {
       WriteSource(app.work.document, std::get<0>(nodes), app.registers,
                   {.path = path, .moment = app.outside.now(), .mode = app.options.expert});
   if (source.problem) ShowReport(desk, *source.problem);
-  if (source.status == write_status::kFailed) return;  // no tool runs on the old file
+  if (IsFault(source.status)) return;  // no tool runs on the old file
   const toolchain_result ended =
       RunToolchain({path, app.options.run_opt, location},
                    {.options = app.options, .runner = app.outside.runner, .boxes = desk});

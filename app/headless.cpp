@@ -95,6 +95,7 @@ exit_status Run(const generate_request& asked) {
   if (source.problem) Print(*source.problem);
   switch (source.status) {
     case write_status::kFailed:
+    case write_status::kDamaged:
       return exit_status::kFileOrToolMissing;
     case write_status::kNotCreated:
       return Fail(exit_status::kFileOrToolMissing, asked.output + " could not be written");

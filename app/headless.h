@@ -5,11 +5,11 @@
 
 namespace mardel {
 
-enum class [[nodiscard]] exit_status : int{
-    kDone = 0,
-    kRefused = 1,  // the design, or a tool
-    kWrongUsage = 2,
-    kFileOrToolMissing = 3,  // not read, not written, not started
+enum class [[nodiscard]] exit_status : int {
+  kDone = 0,
+  kRefused = 1,  // the design, or a tool
+  kWrongUsage = 2,
+  kFileOrToolMissing = 3,  // not read, not written, not started
 };
 
 // Messages go to standard error.

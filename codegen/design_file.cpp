@@ -1,5 +1,6 @@
 #include "codegen/design_file.h"
 
+#include <new>
 #include <utility>
 
 #include "codegen/design_reader.h"
@@ -29,13 +30,17 @@ report Failure(load_status status, const std::string& path) {
           .text = {"Error Loading Design", design_named + " experienced a loading error."}};
 }
 
-loaded_design Loaded(xml_result read, const load_context& context) {
+loaded_design Loaded(xml_result read, const load_context& context) try {
   loaded_design loaded{.status = StatusOf(read.status), .document = {}, .reports = {}};
   if (loaded.status != load_status::kLoaded) return loaded;
-  ReadDesign(loaded.document, read.tree.Root(), context.line_separator);
+  if (!ReadDesign(loaded.document, read.tree, context.line_separator)) {
+    return {.status = load_status::kNotLoaded, .document = {}, .reports = {}};
+  }
   read.tree = {};  // a large one is not to stand beside what else is needed
   loaded.reports = RelinkDesign(loaded.document, context);
   return loaded;
+} catch (const std::bad_alloc&) {
+  return {.status = load_status::kNotLoaded, .document = {}, .reports = {}};
 }
 
 }  // namespace

@@ -16,10 +16,11 @@ namespace mardel {
 // that does not open again; the chip maker's tools read these values raw.
 std::string DesignText(const design& document);
 
-// Writes the file; neither the flag nor the name of the design changes.
+// Writes the file; neither the flag nor the name of the design changes. kFailed, too, for a file
+// that would be too large to open.
 write_status SaveDesign(const design& document, const std::string& path);
 
-enum class [[nodiscard]] load_status{kLoaded, kNotLoaded, kMalformed};
+enum class [[nodiscard]] load_status { kLoaded, kNotLoaded, kMalformed };
 
 struct [[nodiscard]] loaded_design {
   load_status status = load_status::kLoaded;

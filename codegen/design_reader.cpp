@@ -1,5 +1,7 @@
 #include "codegen/design_reader.h"
 
+#include <algorithm>
+
 #include "platform/text.h"
 
 namespace mardel {
@@ -88,12 +90,28 @@ textblock ReadNote(xml_tree::node element, std::string_view line_separator) {
   return note;
 }
 
+// In bytes, without texts. A block's share holds what is reported when no library has it.
+std::size_t RoomOf(xml_tree::node entry) {
+  constexpr std::size_t kRoomOfEntry = 256, kRoomOfBlock = 1024;
+  if (entry.Name() != "dvblock") return kRoomOfEntry;
+  std::size_t room = kRoomOfBlock;
+  for (const xml_tree::node list : entry.Children()) {
+    for ([[maybe_unused]] const xml_tree::node each : list.Children()) room += sizeof(pin);
+  }
+  return room;
+}
+
 }  // namespace
 
-void ReadDesign(design& document, xml_tree::node root, std::string_view line_separator) {
-  for (const xml_tree::node list : root.Children()) {
+bool ReadDesign(design& document, const xml_tree& tree, std::string_view line_separator) {
+  constexpr std::size_t kFreeRoom = std::size_t{32} << 20U;
+  std::size_t left = std::max(kFreeRoom, 16 * tree.SourceSize());
+  for (const xml_tree::node list : tree.Root().Children()) {
     const std::string_view kind = list.Name();
     for (const xml_tree::node entry : list.Children()) {
+      const std::size_t room = RoomOf(entry);
+      if (room > left) return false;
+      left -= room;
       if (kind == "blocks" && entry.Name() == "dvblock") {
         document.blocks.Append(ReadBlock(entry));
       } else if (kind == "nets" && entry.Name() == "net") {
@@ -103,6 +121,7 @@ void ReadDesign(design& document, xml_tree::node root, std::string_view line_sep
       }
     }
   }
+  return true;
 }
 
 }  // namespace mardel

@@ -7,7 +7,9 @@
 namespace mardel {
 
 // Appends what the tree holds. Unknown elements are skipped; of repeated ones the last value holds.
-void ReadDesign(design& document, xml_tree::node root, std::string_view line_separator);
+// False when the records would take more memory than 16 times the file, and more than a little.
+[[nodiscard]] bool ReadDesign(design& document, const xml_tree& tree,
+                              std::string_view line_separator);
 
 // Gives the blocks what their definitions say, the nets their end points and the notes their sizes,
 // and sets the next ids past those in use. Blocks without a definition are removed with their nets

@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <limits>
 #include <optional>
 #include <unordered_map>
 #include <unordered_set>
@@ -47,8 +49,27 @@ void Apply(const linkage& link, dvblock& block) {
   }
 }
 
+constexpr std::int64_t kLargest = std::numeric_limits<std::int64_t>::max();
+
 void RaisePast(std::int64_t& next, std::int64_t id) {
-  if (id >= next) next = id + 1;
+  if (id >= next) next = id == kLargest ? kLargest : id + 1;
+}
+
+// Beside the largest number there is no room to go on: the ids then go on in the widest gap.
+template <class record>
+void LeaveRoom(std::int64_t& next, const cursor_list<record>& list, std::int64_t record::* id) {
+  constexpr std::int64_t kRoom = std::int64_t{1} << 40U;
+  if (next < kLargest - kRoom) return;
+  std::vector<std::int64_t> taken{-1};
+  for (const record& each : list) taken.push_back(std::max<std::int64_t>(each.*id, -1));
+  std::ranges::sort(taken);
+  std::int64_t widest = 0;
+  for (std::size_t i = 1; i < taken.size(); ++i) {
+    const std::int64_t gap = taken[i] - (taken[i - 1] + 1);
+    if (gap <= widest) continue;
+    widest = gap;
+    next = taken[i - 1] + 1;
+  }
 }
 
 report MissingBlock(const dvblock& block) {
@@ -127,6 +148,9 @@ std::vector<report> RelinkDesign(design& document, const load_context& context) 
     RaisePast(document.next_text_id, note.id);
     MeasureNote(note, context.metrics);
   }
+  LeaveRoom(document.next_block_id, document.blocks, &dvblock::id);
+  LeaveRoom(document.next_net_id, document.nets, &net::net_id);
+  LeaveRoom(document.next_text_id, document.texts, &textblock::id);
   return missing;
 }
 

@@ -1,5 +1,6 @@
 #include <array>
 #include <charconv>
+#include <new>
 
 #include "codegen/design_file.h"
 #include "platform/xml.h"
@@ -105,8 +106,12 @@ std::string DesignText(const design& document) {
   return lines.Take();
 }
 
-write_status SaveDesign(const design& document, const std::string& path) {
-  return ReplaceFile(path, DesignText(document));
+write_status SaveDesign(const design& document, const std::string& path) try {
+  const std::string text = DesignText(document);
+  if (text.size() > kMostFileBytes) return write_status::kFailed;
+  return ReplaceFile(path, text);
+} catch (const std::bad_alloc&) {
+  return write_status::kFailed;
 }
 
 }  // namespace mardel

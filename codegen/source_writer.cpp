@@ -96,10 +96,10 @@ std::string Declarations(const placed_blocks& blocks, register_pool& pool, exper
   return text;
 }
 
-report NotWritten(const std::string& path) {
+report NotWritten(const std::string& path, write_status fault) {
   return {.kind = rule::kSourceNotWritten,
-          .text = {"Error Writing Source",
-                   "Source named " + path + " could not be written, the old file was kept."}};
+          .text = {"Error Writing Source", "Source named " + path + " could not be written, " +
+                                               std::string(FateOfOldFile(fault))}};
 }
 
 }  // namespace
@@ -127,7 +127,8 @@ source_result WriteSource(design& document, const std::vector<net_node>& nodes, 
     case write_status::kNotCreated:
       return {result.status, std::nullopt};
     case write_status::kFailed:
-      return {result.status, NotWritten(asked.path)};
+    case write_status::kDamaged:
+      return {result.status, NotWritten(asked.path, result.status)};
   }
   if (!blocks.was_sorted) {
     document.blocks.SortStably([](const dvblock& a, const dvblock& b) { return a.x < b.x; });

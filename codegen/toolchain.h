@@ -10,7 +10,7 @@
 
 namespace mardel {
 
-enum class [[nodiscard]] toolchain_result{kDone, kToolFailed, kToolNotStarted};
+enum class [[nodiscard]] toolchain_result { kDone, kToolFailed, kToolNotStarted };
 
 struct toolchain_request {
   std::string source_path;  // of fewer than 6 characters runs nothing

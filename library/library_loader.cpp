@@ -1,6 +1,7 @@
 #include "library/library_loader.h"
 
 #include <cstdint>
+#include <new>
 #include <string_view>
 #include <utility>
 
@@ -154,7 +155,7 @@ report ParsingError(library_loading& so_far) {
 
 }  // namespace
 
-std::optional<report> LoadLibraryFile(library_loading& so_far, const std::string& path) {
+std::optional<report> LoadLibraryFile(library_loading& so_far, const std::string& path) try {
   const xml_result file = ReadXmlFile(path);
   switch (file.status) {
     case xml_status::kNotLoaded:
@@ -168,6 +169,8 @@ std::optional<report> LoadLibraryFile(library_loading& so_far, const std::string
   if (auto refused = reader.Read(file.tree.Root())) return refused;
   if (!reader.LibraryName().empty()) RegisterStaged(so_far, reader.LibraryName());
   return std::nullopt;
+} catch (const std::bad_alloc&) {
+  return LoadingError(so_far);
 }
 
 std::vector<report> LoadLibraryFiles(library_loading& so_far, const std::string& folder) {

@@ -15,16 +15,24 @@ constexpr std::size_t kMostFileBytes = std::size_t{64} << 20U;
 // waited for), can't be read, or holds more than kMostFileBytes.
 std::optional<std::string> ReadFile(const std::string& path);
 
-enum class [[nodiscard]] write_status{
-    kWritten,
-    kNotCreated,  // no file could be made there; nothing was touched
-    kFailed,      // disk full or the like in the middle; what stood there before still stands
+enum class [[nodiscard]] write_status {
+  kWritten,
+  kNotCreated,  // no file may stand or be written there; nothing was touched
+  kFailed,      // disk full or any other fault; what stood there before still stands
+  kDamaged,     // the same, but a write in place broke off and could not be taken back
 };
+
+constexpr bool IsFault(write_status status) {
+  return status == write_status::kFailed || status == write_status::kDamaged;
+}
 
 // Replaces a file as a whole, so that a crash or a full disk never costs the old content: written
 // beside the target, flushed, renamed. Links are followed and permissions kept. Where the folder
-// takes no new file but the target itself can be written, it is written in place.
+// takes no new file or no rename, but the target itself can be written, it is written in place.
 write_status ReplaceFile(const std::string& path, std::string_view content);
+
+// What to say of the old file after a fault, at the end of a sentence.
+std::string_view FateOfOldFile(write_status fault);
 
 // Follows links.
 bool IsRegularFile(const std::string& path);

@@ -7,6 +7,7 @@
 #include <csignal>
 #include <filesystem>
 
+#include "platform/file_lock.h"
 #include "platform/files.h"
 #include "platform/path.h"
 #include "platform/temporary.h"
@@ -47,16 +48,51 @@ bool Flush(const descriptor& file) {
   return fsync(file.Number()) == 0 || errno == EINVAL || errno == ENOTSUP;
 }
 
-// Where links lead, although nothing may stand there yet.
-std::filesystem::path FollowLinks(std::filesystem::path path) {
+// Errors that say that no file can stand there, or not for this user. Any other may pass, or tells
+// of a broken disk.
+write_status StatusOf(int error) {
+  switch (error) {
+    case EACCES:
+    case EPERM:
+    case ENOENT:
+    case ENOTDIR:
+    case EISDIR:
+    case EROFS:
+    case ELOOP:
+    case ENAMETOOLONG:
+      return write_status::kNotCreated;
+  }
+  return write_status::kFailed;
+}
+
+// Errors of a folder that takes no new file, or not in place of the old one: another's file in a
+// shared folder, a mount point.
+bool IsClosed(int error) {
+  switch (error) {
+    case EACCES:
+    case EPERM:
+    case EROFS:
+    case ENAMETOOLONG:
+    case EBUSY:
+    case EXDEV:
+      return true;
+  }
+  return false;
+}
+
+// Leads `path` to where its links do, although nothing may stand there yet.
+std::error_code FollowLinks(std::filesystem::path& path) {
   constexpr int kMostLinks = 40;  // as the system itself follows
-  std::error_code no_link;
   for (int link = 0; link < kMostLinks; ++link) {
-    const std::filesystem::path next = std::filesystem::read_symlink(path, no_link);
-    if (no_link) break;
+    std::error_code problem;
+    const std::filesystem::path next = std::filesystem::read_symlink(path, problem);
+    const bool is_end =
+        problem == std::errc::invalid_argument || problem == std::errc::no_such_file_or_directory;
+    if (is_end) return {};
+    if (problem) return problem;
     path = path.parent_path() / next;  // an absolute `next` replaces the whole
   }
-  return path;
+  return std::make_error_code(std::errc::too_many_symbolic_link_levels);
 }
 
 // The target as it is before the save.
@@ -65,17 +101,15 @@ struct old_file {
   struct stat status{};
 };
 
-// Old permissions, and the old owner where this user may give files away.
-void TakeOver(const descriptor& file, const old_file& old) {
-  if (!old.exists) return;
+// Old permissions, and the old owner where this user may give files away. False when the file would
+// keep others than the old permissions, although its file system has some.
+bool TakeOver(const descriptor& file, const old_file& old) {
+  if (!old.exists) return true;
   if (fchown(file.Number(), old.status.st_uid, old.status.st_gid) != 0) {
     static_cast<void>(fchown(file.Number(), static_cast<uid_t>(-1), old.status.st_gid) == 0);
   }
-  fchmod(file.Number(), old.status.st_mode & 07777U);
-}
-
-bool IsFullDisk(int error) {
-  return error == ENOSPC || error == EDQUOT || error == EIO || error == EFBIG;
+  return fchmod(file.Number(), old.status.st_mode & 07777U) == 0 || errno == EPERM ||
+         errno == ENOTSUP;
 }
 
 // What is longer than before is written first: while that fails, the old content is untouched.
@@ -86,26 +120,24 @@ bool Overwrite(const descriptor& file, std::string_view content, std::size_t old
          ftruncate(file.Number(), static_cast<off_t>(content.size())) == 0 && Flush(file);
 }
 
+// What can't be read first, or is being written by another save, stays as it is.
 write_status WriteInPlace(const std::string& target, std::string_view content) {
-  const std::optional<std::string> old_content = ReadFile(target);
   const descriptor file(open(target.c_str(), O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-  struct stat old{};
-  if (!file.IsOpen() || fstat(file.Number(), &old) != 0 || !S_ISREG(old.st_mode)) {
-    return write_status::kNotCreated;
-  }
-  if (Overwrite(file, content, static_cast<std::size_t>(old.st_size))) {
-    return write_status::kWritten;
-  }
+  if (!file.IsOpen()) return StatusOf(errno);
+  if (!LockOpenFile(file)) return write_status::kFailed;
+  const std::optional<std::string> old = ReadFile(target);
+  if (!old) return write_status::kFailed;
+  if (Overwrite(file, content, old->size())) return write_status::kWritten;
   // The old content's room on the disk is still the file's own.
-  if (old_content) WriteAt(file, *old_content, 0);
-  if (ftruncate(file.Number(), old.st_size) == 0) Flush(file);
-  return write_status::kFailed;
+  WriteAt(file, *old, 0);
+  const bool is_cut = ftruncate(file.Number(), static_cast<off_t>(old->size())) == 0;
+  const bool is_old = is_cut && Flush(file) && ReadFile(target) == old;
+  return is_old ? write_status::kFailed : write_status::kDamaged;
 }
 
 write_status WithoutTemporary(const std::string& target, std::string_view content, int error,
                               const old_file& old) {
-  if (IsFullDisk(error)) return write_status::kFailed;
-  return old.exists ? WriteInPlace(target, content) : write_status::kNotCreated;
+  return old.exists && IsClosed(error) ? WriteInPlace(target, content) : StatusOf(error);
 }
 
 write_status ReplaceTarget(const std::string& target, std::string_view content,
@@ -114,14 +146,12 @@ write_status ReplaceTarget(const std::string& target, std::string_view content,
   const temporary beside = MakeTemporary(target, mode);
   if (!beside.file.IsOpen()) return WithoutTemporary(target, content, beside.error, old);
 
-  const bool written = WriteAt(beside.file, content, 0);
-  if (written) TakeOver(beside.file, old);
-  if (!written || !Flush(beside.file)) {
+  if (!WriteAt(beside.file, content, 0) || !TakeOver(beside.file, old) || !Flush(beside.file)) {
     unlink(beside.path.c_str());
     return write_status::kFailed;
   }
   if (rename(beside.path.c_str(), target.c_str()) != 0) {
-    const int error = errno;  // another's file in a shared folder, or a mount point
+    const int error = errno;
     unlink(beside.path.c_str());
     return WithoutTemporary(target, content, error, old);
   }
@@ -135,15 +165,21 @@ write_status ReplaceFile(const std::string& path, std::string_view content) {
   const size_limit_signal_ignored ignored;
   old_file old;
   old.exists = stat(path.c_str(), &old.status) == 0;
-  if (!old.exists && errno != ENOENT) return write_status::kNotCreated;
+  if (!old.exists && errno != ENOENT) return StatusOf(errno);
+  if (old.exists && !S_ISREG(old.status.st_mode)) return write_status::kNotCreated;
   // A file protected from writing is not replaced, though its folder would allow it.
-  if (old.exists &&
-      (!S_ISREG(old.status.st_mode) || faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0)) {
-    return write_status::kNotCreated;
+  if (old.exists && faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0) {
+    return StatusOf(errno);
   }
-  const std::string target = FollowLinks(path).string();
-  if (FileName(target).empty()) return write_status::kNotCreated;
-  return ReplaceTarget(target, content, old);
+  std::filesystem::path target = path;
+  if (const std::error_code problem = FollowLinks(target)) return StatusOf(problem.value());
+  if (!target.has_filename()) return write_status::kNotCreated;
+  return ReplaceTarget(target.string(), content, old);
+}
+
+std::string_view FateOfOldFile(write_status fault) {
+  return fault == write_status::kDamaged ? "and the old file may be damaged."
+                                         : "the old file was kept.";
 }
 
 }  // namespace mardel

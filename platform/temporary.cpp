@@ -14,7 +14,7 @@
 namespace mardel {
 namespace {
 
-constexpr int kNames = 4;
+constexpr int kNames = 64;    // for as many saves of one file at once
 constexpr int kAttempts = 8;  // at one name, while others remove what was just made
 // Leaves room for the rest of the temporary's name on file systems with short names.
 constexpr std::size_t kMostStem = 100;

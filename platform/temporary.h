@@ -1,7 +1,7 @@
 // The file that a save writes beside its target. Its name is fixed by the target's, so that the
 // next save of the same file finds and removes what a killed one left. A lock, which ends with its
 // process, tells such a leftover from the temporary of a save in progress; that one is left alone
-// and the next of a few names is taken.
+// and the next name is taken.
 #pragma once
 
 #include <sys/types.h>

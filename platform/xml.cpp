@@ -152,9 +152,11 @@ class xml_reader {
   std::optional<xml_status> refusal_;
 };
 
-xml_result ParseXml(std::string_view bytes) {
+xml_result ParseXml(std::string_view bytes) try {
   if (bytes.size() > std::numeric_limits<int>::max()) return {};
   return xml_reader().Read(bytes);
+} catch (const std::bad_alloc&) {
+  return {};
 }
 
 xml_result ReadXmlFile(const std::string& path) try {

@@ -97,10 +97,10 @@ inline bool xml_tree::node::HasChildren() const {
   return tree_->elements_[index_].first_child != 0;
 }
 
-enum class [[nodiscard]] xml_status{
-    kRead,
-    kNotLoaded,  // no regular file, unreadable, or too large for the memory that it may take
-    kMalformed,  // no XML, nested too deeply, an entity bomb, or more than a few declarations
+enum class [[nodiscard]] xml_status {
+  kRead,
+  kNotLoaded,  // no regular file, unreadable, or too large for the memory that it may take
+  kMalformed,  // no XML, nested too deeply, an entity bomb, or more than a few declarations
 };
 
 struct [[nodiscard]] xml_result {

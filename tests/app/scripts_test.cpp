@@ -218,7 +218,7 @@ class program_player {
     app_.libraries = library_set(std::move(all));
   }
   void SaveAt(const std::string& path) {
-    const char* const names[] = {"written", "not created", "failed"};
+    const char* const names[] = {"written", "not created", "failed", "damaged"};
     Show(names[static_cast<int>(SaveDesign(design_, path))]);
   }
 
@@ -321,9 +321,7 @@ class program_player {
       {"wheel", [this](a w) { Send(canvas_wheel{Point(w[0])}); }},
       {"double", [this](a w) { Mouse(mouse_action::kDoubleClick, w); }},
       {"arrow",
-       [this](a w) {
-         Send(canvas_arrow{Point(w[0]), w.back() == "shift", w.back() == "again"});
-       }},
+       [this](a w) { Send(canvas_arrow{Point(w[0]), w.back() == "shift", w.back() == "again"}); }},
       {"shortcut",
        [this](a w) {
          static const std::map<std::string, edit_shortcut> names{{"all", edit_shortcut::kSelectAll},

@@ -17,7 +17,7 @@
 namespace mardel {
 namespace {
 
-constexpr const char* kStatusNames[] = {"written", "not created", "failed"};
+constexpr const char* kStatusNames[] = {"written", "not created", "failed", "damaged"};
 
 // In words of scripts, and in what is shown, "{x*N}" stands for N times "x".
 std::string Expanded(std::string word) {
