@@ -60,8 +60,8 @@ double ProcessorSeconds(pid_t process) {
   return static_cast<double>(used.tv_sec) + 1e-9 * static_cast<double>(used.tv_nsec);
 }
 
-template <class T>
-using reply = std::unique_ptr<T, decltype(&std::free)>;
+template <class allocated>
+using reply = std::unique_ptr<allocated, decltype(&std::free)>;
 
 // Sees every window that becomes visible on the display.
 class watcher {

@@ -81,8 +81,8 @@ report MissingBlock(const dvblock& block) {
           .where = {.block_id = block.id, .at = point{block.x, block.y}}};
 }
 
-template <class T, class predicate>
-void DeleteWhere(cursor_list<T>& list, predicate is_meant) {
+template <class record, class predicate>
+void DeleteWhere(cursor_list<record>& list, predicate is_meant) {
   for (auto element = list.begin(); element != list.end();) {
     element = is_meant(*element) ? list.Delete(element) : std::next(element);
   }

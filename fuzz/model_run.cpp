@@ -79,10 +79,10 @@ void Expect(bool holds, const std::string& promise) {
   if (!holds) throw fault(promise);
 }
 
-template <class T>
-bool AreUnique(const cursor_list<T>& list, std::int64_t T::* id, std::int64_t next_id) {
+template <class record>
+bool AreUnique(const cursor_list<record>& list, std::int64_t record::* id, std::int64_t next_id) {
   std::vector<std::int64_t> ids;
-  for (const T& each : list) ids.push_back(each.*id);
+  for (const record& each : list) ids.push_back(each.*id);
   std::ranges::sort(ids);
   return std::ranges::adjacent_find(ids) == ids.end() && (ids.empty() || ids.back() < next_id);
 }
@@ -110,12 +110,12 @@ std::string SortedText(const design& document) {
 }
 
 // Compares, or in any order adopts.
-template <class T>
-void Compare(const cursor_list<T>& program, std::vector<T>& reference, std::int64_t T::* id,
-             bool in_any_order) {
-  std::vector<T> all(program.begin(), program.end());
+template <class record>
+void Compare(const cursor_list<record>& program, std::vector<record>& reference,
+             std::int64_t record::* id, bool in_any_order) {
+  std::vector<record> all(program.begin(), program.end());
   if (in_any_order) {
-    std::vector<T> sorted = all;
+    std::vector<record> sorted = all;
     std::ranges::sort(sorted, {}, id);
     std::ranges::sort(reference, {}, id);
     Expect(sorted == reference, "undo restores what the reference restores");

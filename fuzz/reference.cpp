@@ -14,8 +14,8 @@ bool IsOn(const auto& each, point at) {
          at.y < each.y + each.height;
 }
 
-template <class T>
-T* TopAt(std::vector<T>& list, point at) {
+template <class record>
+record* TopAt(std::vector<record>& list, point at) {
   for (std::size_t i = list.size(); i > 0; --i) {
     if (!IsOn(list[i - 1], at)) continue;
     std::rotate(list.begin() + static_cast<long>(i) - 1, list.begin() + static_cast<long>(i),

@@ -234,8 +234,8 @@ point wild_hand::Anywhere() {
           static_cast<std::int64_t>(random_.Below(1080))};
 }
 
-template <class T>
-point wild_hand::Inside(const T& each) {
+template <class record>
+point wild_hand::Inside(const record& each) {
   const auto within = [this](std::int64_t size) {
     return static_cast<std::int64_t>(random_.Below(static_cast<std::size_t>(size) + 1));
   };

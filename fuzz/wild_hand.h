@@ -36,8 +36,8 @@ class wild_hand {
   point OnSomePin();
   point OnSelection();
   point Anywhere();
-  template <class T>
-  point Inside(const T& each);
+  template <class record>
+  point Inside(const record& each);
 
   const program& app_;
   wild_ui& desk_;

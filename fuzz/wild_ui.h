@@ -18,8 +18,8 @@ class dice {
   explicit dice(unsigned seed) : numbers_(seed) {}
   std::size_t Below(std::size_t limit) { return numbers_() % limit; }
   bool OneIn(std::size_t count) { return Below(count) == 0; }
-  template <class T>
-  const T& SomeOf(const std::vector<T>& choices) {
+  template <class value>
+  const value& SomeOf(const std::vector<value>& choices) {
     return choices[Below(choices.size())];
   }
 

@@ -90,10 +90,10 @@ class scripted_ui : public ui {
   void EnableMainWindow() override { calls.emplace_back("enable main window"); }
 
  private:
-  template <class T>
-  static T Take(std::deque<T>& script, T when_empty) {
+  template <class value>
+  static value Take(std::deque<value>& script, value when_empty) {
     if (script.empty()) return when_empty;
-    T first = script.front();
+    value first = script.front();
     script.pop_front();
     return first;
   }
