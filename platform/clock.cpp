@@ -8,18 +8,21 @@
 namespace mardel {
 namespace {
 
-std::optional<std::time_t> FixedTime() {
-  const char* const setting = std::getenv("SOURCE_DATE_EPOCH");
-  if (setting == nullptr) return std::nullopt;
-  const std::string_view text = setting;
-  std::time_t seconds = 0;
-  const auto [end, problem] = std::from_chars(text.data(), text.data() + text.size(), seconds);
-  const bool whole = problem == std::errc() && end == text.data() + text.size();
-  return whole && seconds >= 0 ? std::optional(seconds) : std::nullopt;
-}
-
 date_time Fields(const std::tm& t) {
   return {t.tm_year + 1900, t.tm_mon + 1, t.tm_mday, t.tm_hour, t.tm_min, t.tm_sec};
+}
+
+// Nothing when the text is no number, or one beyond the years of four digits.
+std::optional<date_time> FixedTime(std::string_view text) {
+  constexpr std::time_t kYear10000 = 253402300800;
+  std::time_t seconds = 0;
+  const auto [end, problem] = std::from_chars(text.data(), text.data() + text.size(), seconds);
+  const bool is_whole = problem == std::errc() && end == text.data() + text.size();
+  std::tm fields{};
+  if (!is_whole || seconds < 0 || seconds >= kYear10000 || gmtime_r(&seconds, &fields) == nullptr) {
+    return std::nullopt;
+  }
+  return Fields(fields);
 }
 
 }  // namespace
@@ -31,10 +34,14 @@ date_time LocalTime(std::time_t moment) {
 }
 
 date_time Now() {
-  std::tm fields{};
-  const std::optional<std::time_t> fixed = FixedTime();
-  if (fixed && gmtime_r(&*fixed, &fields) != nullptr) return Fields(fields);
-  return LocalTime(std::time(nullptr));
+  const std::optional<date_time> fixed = Moment();
+  return fixed ? *fixed : LocalTime(std::time(nullptr));
+}
+
+std::optional<date_time> Moment() {
+  const char* const setting = std::getenv("SOURCE_DATE_EPOCH");
+  if (setting == nullptr || *setting == '\0') return LocalTime(std::time(nullptr));
+  return FixedTime(setting);
 }
 
 }  // namespace mardel

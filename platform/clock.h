@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ctime>
+#include <optional>
 
 namespace mardel {
 
@@ -17,5 +18,8 @@ date_time LocalTime(std::time_t moment);
 // Local time of the host; or, for builds that must come out the same each time, the time (in UTC)
 // that the environment variable SOURCE_DATE_EPOCH gives in seconds since 1970.
 date_time Now();
+
+// The same, but nothing when that variable holds anything else than such a number.
+std::optional<date_time> Moment();
 
 }  // namespace mardel

@@ -50,6 +50,12 @@ std::optional<std::string> ReadFile(const std::string& path) {
   return ReadToEnd(file, static_cast<std::size_t>(found.st_size));
 }
 
+std::optional<std::string> ReadStandardInput() {
+  constexpr std::size_t kExpectedSize = std::size_t{1} << 16U;
+  const descriptor input(dup(STDIN_FILENO));
+  return input.IsOpen() ? ReadToEnd(input, kExpectedSize) : std::nullopt;
+}
+
 bool IsRegularFile(const std::string& path) {
   struct stat found{};
   return stat(path.c_str(), &found) == 0 && S_ISREG(found.st_mode);

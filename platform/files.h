@@ -15,6 +15,9 @@ constexpr std::size_t kMostFileBytes = std::size_t{64} << 20U;
 // waited for), can't be read, or holds more than kMostFileBytes.
 std::optional<std::string> ReadFile(const std::string& path);
 
+// All of standard input; nothing when it can't be read or goes on beyond kMostFileBytes.
+std::optional<std::string> ReadStandardInput();
+
 enum class [[nodiscard]] write_status {
   kWritten,
   kNotCreated,  // no file may stand or be written there; nothing was touched

@@ -2,6 +2,7 @@
 // canvas font, "Arial" at kCanvasTextSize.
 #pragma once
 
+#include <cstdint>
 #include <span>
 #include <string_view>
 
@@ -33,6 +34,10 @@ class painter {
   painter(const painter&) = delete;
   painter& operator=(const painter&) = delete;
   virtual ~painter() = default;
+
+  // What is drawn between these belongs to one block, which files that keep parts can say.
+  virtual void BeginBlock(std::int64_t /*id*/, std::string_view /*name*/) {}
+  virtual void EndBlock() {}
 
   // Covers the whole canvas.
   virtual void FillBackground(colour ink) = 0;

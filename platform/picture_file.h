@@ -20,6 +20,7 @@ std::optional<picture_format> FormatOfPicture(std::string_view path);
 struct picture_frame {
   rectangle area;  // canvas pixels
   double scale = 1.0;
+  std::string title = {};  // kept in SVG and PDF
 };
 
 class picture_maker {
@@ -30,6 +31,8 @@ class picture_maker {
   virtual ~picture_maker() = default;
 
   virtual const text_metrics& Metrics() const = 0;
+  // Whether the canvas font or one with its widths is there; else text is drawn in another one.
+  virtual bool HasTextFont() const = 0;
   // The bytes of the file, the same for the same drawing in every locale and time zone; nothing
   // when memory does not suffice. Text stays text in SVG and PDF. A canvas pixel is 1/96 inch
   // there.

@@ -111,7 +111,8 @@ class xml_reader {
     if (tree_.elements_.size() == most_elements_) return Refuse(xml_status::kNotLoaded);
     const auto index = static_cast<std::uint32_t>(tree_.elements_.size());
     xml_tree::element& added = tree_.elements_.emplace_back();
-    added.name_start = tree_.characters_.size();
+    added.offset = static_cast<std::uint32_t>(XML_GetCurrentByteIndex(parser_.get()));
+    added.name_start = static_cast<std::uint32_t>(tree_.characters_.size());
     added.name_size = static_cast<std::uint32_t>(name.size());
     tree_.characters_.append(name);
     if (!open_.empty()) LinkChild(index);
@@ -131,7 +132,7 @@ class xml_reader {
   void End() {
     const open_element& ended = open_.back();
     xml_tree::element& element = tree_.elements_[ended.index];
-    element.text_start = tree_.characters_.size();
+    element.text_start = static_cast<std::uint32_t>(tree_.characters_.size());
     element.text_size = static_cast<std::uint32_t>(text_.size() - ended.text_start);
     tree_.characters_.append(text_, ended.text_start);
     text_.resize(ended.text_start);

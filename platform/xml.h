@@ -26,9 +26,9 @@ class xml_tree {
  private:
   friend class xml_reader;
   struct element {
-    std::size_t name_start = 0, text_start = 0;
-    std::uint32_t name_size = 0, text_size = 0;
+    std::uint32_t name_start = 0, name_size = 0, text_start = 0, text_size = 0;
     std::uint32_t first_child = 0, next_sibling = 0;  // 0 is none: the root is nobody's child
+    std::uint32_t offset = 0;                         // of its start tag in the file
   };
   std::vector<element> elements_;
   std::string characters_;  // the names and texts of all elements
@@ -43,6 +43,8 @@ class xml_tree::node {
   // For range-for, in document order.
   children Children() const;
   bool HasChildren() const;
+  // Of the element's start tag, in bytes from the start of the file.
+  std::size_t Offset() const { return tree_->elements_[index_].offset; }
 
  private:
   friend class xml_tree;

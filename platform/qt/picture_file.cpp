@@ -1,12 +1,12 @@
 #include "platform/picture_file.h"
 
 #include <QBuffer>
+#include <QFontInfo>
 #include <QGuiApplication>
 #include <QImage>
 #include <QImageWriter>
 #include <QPageSize>
 #include <QPdfWriter>
-#include <QSvgGenerator>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -15,6 +15,7 @@
 #include "platform/qt/qt_text_metrics.h"
 #include "platform/qt/text_layouts.h"
 #include "platform/qt/toolkit_log.h"
+#include "platform/svg_painter.h"
 
 namespace mardel {
 namespace {
@@ -45,28 +46,16 @@ void Draw(QPainter& target, const QRectF& area, const drawing& draw) {
 bool WritePng(QBuffer& file, const picture_frame& frame, const drawing& draw) {
   QImage pixels(PixelsOf(frame), QImage::Format_RGB32);
   if (pixels.isNull()) return false;
-  pixels.setDotsPerMeterX(0);  // else the file tells the screen's
-  pixels.setDotsPerMeterY(0);
+  constexpr double kInchesPerMeter = 1 / 0.0254;
+  const int density = qRound(kPixelsPerInch * frame.scale * kInchesPerMeter);
+  pixels.setDotsPerMeterX(density);
+  pixels.setDotsPerMeterY(density);
   QPainter target(&pixels);
   target.scale(frame.scale, frame.scale);
   target.translate(-AreaOf(frame).topLeft());
   Draw(target, AreaOf(frame), draw);
   target.end();
   return QImageWriter(&file, "png").write(pixels);
-}
-
-bool WriteSvg(QBuffer& file, const picture_frame& frame, const drawing& draw) {
-  QSvgGenerator generator;
-  generator.setOutputDevice(&file);
-  generator.setResolution(kPixelsPerInch);
-  generator.setSize(PixelsOf(frame));
-  generator.setViewBox(AreaOf(frame));
-  generator.setTitle(kTitle);
-  generator.setDescription({});
-  QPainter target(&generator);
-  if (!target.isActive()) return false;
-  Draw(target, AreaOf(frame), draw);
-  return target.end();
 }
 
 // What a run writes of its own: its moment, and a number that no other file has.
@@ -98,6 +87,7 @@ bool WritePdf(QBuffer& file, const picture_frame& frame, const drawing& draw) {
   const QSizeF page(std::ceil(area.width() * points), std::ceil(area.height() * points));
   QPdfWriter writer(&file);
   writer.setCreator(kTitle);
+  writer.setTitle(QString::fromStdString(frame.title));
   writer.setResolution(kPdfDotsPerInch);
   writer.setPageSize(QPageSize(page, QPageSize::Point, QString(), QPageSize::ExactMatch));
   writer.setPageMargins({0, 0, 0, 0});
@@ -116,12 +106,24 @@ class qt_picture_maker : public picture_maker {
  public:
   const text_metrics& Metrics() const override { return metrics_; }
 
+  bool HasTextFont() const override {
+    constexpr const char* kAlike[] = {"Arial", "Liberation Sans", "Arimo", "Helvetica",
+                                      "Nimbus Sans"};
+    const QString family = QFontInfo(CanvasFont()).family();
+    return std::ranges::any_of(kAlike, [&](const char* each) { return family == each; });
+  }
+
   std::optional<std::string> Make(picture_format format, const picture_frame& frame,
                                   const drawing& draw) override {
-    constexpr std::array kWriters = {WritePng, WriteSvg, WritePdf};  // by picture_format
+    if (format == picture_format::kSvg) {
+      svg_painter canvas(frame.area, metrics_);
+      draw(canvas);
+      return canvas.Finish(frame.title, kTitle, frame.scale);
+    }
+    const auto write = format == picture_format::kPng ? WritePng : WritePdf;
     QBuffer file;
     file.open(QIODevice::WriteOnly);
-    if (!kWriters.at(static_cast<std::size_t>(format))(file, frame, draw)) return std::nullopt;
+    if (!write(file, frame, draw)) return std::nullopt;
     return file.data().toStdString();
   }
 
