@@ -85,7 +85,12 @@ std::vector<report> FindTypeMismatches(const design& document, problem_search se
 }
 
 std::vector<report> CheckDesign(const design& document, problem_search search) {
-  const net_ends ends(document.nets);
+  return CheckDesign(document, document.nets, search);
+}
+
+std::vector<report> CheckDesign(const design& document, const cursor_list<net>& nets,
+                                problem_search search) {
+  const net_ends ends(nets);
   std::vector<report> found;
   for (const dvblock& block : document.blocks) {
     CheckBlock(block, ends, found);

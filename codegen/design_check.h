@@ -18,6 +18,10 @@ enum class problem_search { kFirst, kAll };
 // Parameters without a value and pins without a net, in block order.
 [[nodiscard]] std::vector<report> CheckDesign(const design& document, problem_search search);
 
+// With the nets of the file, of which removed blocks took some with them.
+[[nodiscard]] std::vector<report> CheckDesign(const design& document, const cursor_list<net>& nets,
+                                              problem_search search);
+
 // Also for the writer, which meets parameters that lost their type.
 report UnsetParameter(const dvblock& block, std::string_view name);
 

@@ -20,16 +20,6 @@ load_status StatusOf(xml_status read) {
   return load_status::kMalformed;
 }
 
-report Failure(load_status status, const std::string& path) {
-  const std::string design_named = "Design named " + path;
-  if (status == load_status::kMalformed) {
-    return {.kind = rule::kDesignMalformed,
-            .text = {"Error Parsing Design", design_named + " experienced an XML parsing error."}};
-  }
-  return {.kind = rule::kDesignNotLoaded,
-          .text = {"Error Loading Design", design_named + " experienced a loading error."}};
-}
-
 loaded_design Loaded(xml_result read, const load_context& context) try {
   loaded_design loaded{.status = StatusOf(read.status), .document = {}, .reports = {}};
   if (loaded.status != load_status::kLoaded) return loaded;
@@ -45,14 +35,33 @@ loaded_design Loaded(xml_result read, const load_context& context) try {
 
 }  // namespace
 
-loaded_design LoadDesign(const std::string& path, const load_context& context) {
-  loaded_design loaded = Loaded(ReadXmlFile(path), context);
+report LoadFailure(load_status status, const std::string& path) {
+  const std::string design_named = "Design named " + path;
+  if (status == load_status::kMalformed) {
+    return {.kind = rule::kDesignMalformed,
+            .text = {"Error Parsing Design", design_named + " experienced an XML parsing error."}};
+  }
+  return {.kind = rule::kDesignNotLoaded,
+          .text = {"Error Loading Design", design_named + " experienced a loading error."}};
+}
+
+loaded_design LoadDesign(std::string_view content, const std::string& path,
+                         const load_context& context) {
+  loaded_design loaded = Loaded(ParseXml(content), context);
   if (loaded.status == load_status::kLoaded) {
     loaded.document.file_name = path;
   } else {
-    loaded.reports.push_back(Failure(loaded.status, path));
+    loaded.reports.push_back(LoadFailure(loaded.status, path));
   }
   return loaded;
+}
+
+loaded_design LoadDesign(const std::string& path, const load_context& context) {
+  const std::optional<std::string> content = ReadFile(path);
+  if (content) return LoadDesign(*content, path, context);
+  return {.status = load_status::kNotLoaded,
+          .document = {},
+          .reports = {LoadFailure(load_status::kNotLoaded, path)}};
 }
 
 loaded_design LoadDesignText(std::string_view text, const load_context& context) {

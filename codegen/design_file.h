@@ -40,4 +40,11 @@ loaded_design LoadDesign(const std::string& path, const load_context& context);
 // Of a file's text that someone else may have sent; without a word why it can't be read.
 loaded_design LoadDesignText(std::string_view text, const load_context& context);
 
+// The same of the file's content.
+[[nodiscard]] loaded_design LoadDesign(std::string_view content, const std::string& path,
+                                       const load_context& context);
+
+// What is said of a design that was not loaded.
+report LoadFailure(load_status status, const std::string& path);
+
 }  // namespace mardel

@@ -30,9 +30,20 @@ struct [[nodiscard]] source_result {
   std::optional<report> problem;
 };
 
-// Sorts the blocks by x and writes header, register declarations and one call line per block.
-// Registers' declared flags in `pool` are set. When nothing is written nothing else changes.
-source_result WriteSource(design& document, const std::vector<net_node>& nodes, register_pool& pool,
-                          const source_request& asked);
+struct source_text {
+  std::string text;
+  std::optional<report> problem;  // a parameter without a value, which ended the text
+  bool was_sorted = false;        // the design's blocks
+};
+
+// The blocks in order of x: header, register declarations and one call line a block. Registers'
+// declared flags in `pool` are set.
+[[nodiscard]] source_text SourceText(const design& document, const std::vector<net_node>& nodes,
+                                     register_pool& pool, const source_request& asked);
+
+// Writes the text and sorts the design's blocks as it does. When nothing is written nothing
+// changes.
+[[nodiscard]] source_result WriteSource(design& document, const std::vector<net_node>& nodes,
+                                        register_pool& pool, const source_request& asked);
 
 }  // namespace mardel

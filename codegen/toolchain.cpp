@@ -69,10 +69,14 @@ toolchain_result RunUntilClosed(const toolchain_context& context) {
 
 }  // namespace
 
-toolchain_result RunToolchain(const toolchain_request& asked, const toolchain_context& context) {
+bool IsTooShortForTools(std::string_view source_path) {
   constexpr std::size_t kShortestPath = 6;
+  return CountCharacters(source_path) < kShortestPath;
+}
+
+toolchain_result RunToolchain(const toolchain_request& asked, const toolchain_context& context) {
   const bool is_run = asked.steps == run_option::kRun;
-  if (CountCharacters(asked.source_path) < kShortestPath) return toolchain_result::kDone;
+  if (IsTooShortForTools(asked.source_path)) return toolchain_result::kDone;
   if (!is_run && asked.steps != run_option::kPreprocess) return toolchain_result::kDone;
   // kept: a preprocessor that could not be started stops nothing, an older output may stand there.
   const toolchain_result preprocessed = Preprocess(asked.source_path, context);

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "codegen/settings.h"
 #include "platform/process.h"
@@ -24,6 +25,10 @@ struct toolchain_context {
   message_boxes& boxes;
 };
 
-toolchain_result RunToolchain(const toolchain_request& asked, const toolchain_context& context);
+// Whether no tool runs on the path.
+bool IsTooShortForTools(std::string_view source_path);
+
+[[nodiscard]] toolchain_result RunToolchain(const toolchain_request& asked,
+                                            const toolchain_context& context);
 
 }  // namespace mardel

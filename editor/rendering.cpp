@@ -48,12 +48,14 @@ void DrawGridLines(painter& canvas, std::span<const line> lines) {
 
 void DrawBlock(painter& canvas, const dvblock& block, colour fill, colour label) {
   const rectangle box{block.x, block.y, block.width, block.height};
+  canvas.BeginBlock(block.id, block.sub);
   if (block.selected) canvas.StrokeRectangle(box, kSelectionOutline);
   canvas.FillRectangle(box, WithAlpha(fill, kBlockAlpha));
   canvas.Text({block.x + kLabelX, block.y + kLabelY}, block.sub, WithAlpha(label, 255));
   for (const pin& p : block.pins) {
     canvas.FillRectangle({block.x + p.pin_x, block.y + p.pin_y, kPinSize, kPinSize}, kPinBlue);
   }
+  canvas.EndBlock();
 }
 
 void DrawBlocks(painter& canvas, const design& document, const library_set& libraries) {

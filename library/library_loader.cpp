@@ -176,7 +176,11 @@ std::optional<report> LoadLibraryFile(library_loading& so_far, const std::string
 std::vector<report> LoadLibraryFiles(library_loading& so_far, const std::string& folder) {
   std::vector<report> reports;
   for (const std::string& name : ListFiles(folder, ".dvl")) {
-    if (auto found = LoadLibraryFile(so_far, folder + name)) reports.push_back(std::move(*found));
+    const std::string path = folder + name;
+    auto found = LoadLibraryFile(so_far, path);
+    if (!found) continue;
+    found->file = path;
+    reports.push_back(std::move(*found));
   }
   return reports;
 }

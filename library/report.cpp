@@ -26,6 +26,42 @@ std::string_view RuleName(rule of) {
       return "unconnected-pin";
     case rule::kSourceNotWritten:
       return "source-not-written";
+    case rule::kUnknownPin:
+      return "unknown-pin";
+    case rule::kUnknownParameter:
+      return "unknown-parameter";
+    case rule::kFirstNodeWithoutRegister:
+      return "first-node-without-register";
+    case rule::kNodeWithoutRegisterBlock:
+      return "node-without-register-block";
+    case rule::kNoFreeRegister:
+      return "no-free-register";
+    case rule::kTwoRegisters:
+      return "two-registers";
+    case rule::kSplitNode:
+      return "split-node";
+    case rule::kPinNumberDiffers:
+      return "pin-number-differs";
+    case rule::kPinWithoutArgument:
+      return "pin-without-argument";
+    case rule::kPinOnOtherRegister:
+      return "pin-on-other-register";
+    case rule::kValueBreaksFile:
+      return "value-breaks-file";
+    case rule::kValueChanges:
+      return "value-changes";
+    case rule::kNoDesign:
+      return "no-design";
+    case rule::kRepeatedId:
+      return "repeated-id";
+    case rule::kOffCanvas:
+      return "off-canvas";
+    case rule::kHidden:
+      return "hidden";
+    case rule::kQuoteInPath:
+      return "quote-in-path";
+    case rule::kSettingsNotRead:
+      return "settings-not-read";
   }
   return {};
 }

@@ -24,6 +24,24 @@ enum class rule {
   kUnsetParameter,
   kUnconnectedPin,
   kSourceNotWritten,
+  kUnknownPin,
+  kUnknownParameter,
+  kFirstNodeWithoutRegister,
+  kNodeWithoutRegisterBlock,
+  kNoFreeRegister,
+  kTwoRegisters,
+  kSplitNode,
+  kPinNumberDiffers,
+  kPinWithoutArgument,
+  kPinOnOtherRegister,
+  kValueBreaksFile,
+  kValueChanges,
+  kNoDesign,
+  kRepeatedId,
+  kOffCanvas,
+  kHidden,
+  kQuoteInPath,
+  kSettingsNotRead,
 };
 
 // The short, stable word that machine formats use, such as "type-mismatch".
@@ -44,6 +62,7 @@ struct [[nodiscard]] report {
   severity how = severity::kError;
   message text;  // as the window's box shows it
   design_place where = {};
+  std::string file = {};  // the path of a library or configuration; "" for the design at hand
   bool operator==(const report&) const = default;
 };
 

@@ -1,0 +1,63 @@
+#include "codegen/findings/design_findings.h"
+
+#include <algorithm>
+
+#include "codegen/design_check.h"
+#include "codegen/findings/warnings.h"
+
+namespace mardel {
+namespace {
+
+report Lost(rule kind, const char* what, const dvblock& block, const std::string& name) {
+  return {.kind = kind,
+          .text = {"Lost " + std::string(what) + " Error", "The library no longer has what is on " +
+                                                               BlockName(block) + " " + what +
+                                                               ": " + name},
+          .where = PlaceOf(block)};
+}
+
+// Pins and parameters that the definitions of their blocks lack.
+void FindLost(const design& linked, const library_set& libraries, std::vector<report>& found) {
+  for (const dvblock& block : linked.blocks) {
+    const auto definitions = libraries.FindDefinitions(block.lib, block.sub);
+    const auto is_defined = [&](const param& p) {
+      return std::ranges::any_of(definitions, [&](std::size_t index) {
+        const auto& params = libraries.Definitions()[index].params;
+        return std::ranges::count(params, p.param_name, &param::param_name) > 0;
+      });
+    };
+    for (const param& p : block.params) {
+      if (!is_defined(p))
+        found.push_back(Lost(rule::kUnknownParameter, "parameter", block, p.param_name));
+    }
+    for (const pin& p : block.pins) {  // a defined one has a type
+      if (p.pin_type.empty()) found.push_back(Lost(rule::kUnknownPin, "pin", block, p.pin_name));
+    }
+  }
+}
+
+void Append(std::vector<report>& to, std::vector<report> more) {
+  std::ranges::move(more, std::back_inserter(to));
+}
+
+}  // namespace
+
+design_findings FindAll(const raw_design& raw, const design& linked, const library_set& libraries,
+                        register_pool& pool) {
+  design_findings found;
+  found.errors = FindTypeMismatches(linked, problem_search::kAll);
+  // Else the nets on removed blocks went with them.
+  const bool is_whole = linked.blocks.size() == raw.document.blocks.size();
+  Append(found.errors, CheckDesign(linked, raw.document.nets, problem_search::kAll));
+  FindLost(linked, libraries, found.errors);
+  found.warnings = FileWarnings(raw);
+  auto nodes = BuildNetlist(linked, pool);
+  if (auto* const built = std::get_if<std::vector<net_node>>(&nodes)) {
+    found.nodes = std::move(*built);
+    if (is_whole) Append(found.warnings, NetlistWarnings(linked, found.nodes));
+  }
+  Append(found.warnings, PlaceWarnings(linked));
+  return found;
+}
+
+}  // namespace mardel

@@ -1,0 +1,108 @@
+#include <unordered_set>
+
+#include "codegen/findings/warnings.h"
+#include "platform/hash.h"
+#include "platform/xml.h"
+
+namespace mardel {
+namespace {
+
+template <class record, class function>
+void WarnOfRepeatedIds(const cursor_list<record>& records, std::int64_t record::* id,
+                       std::vector<report>& found, function warn) {
+  std::unordered_set<std::int64_t, id_hash> seen;
+  for (const record& each : records) {
+    if (!seen.insert(each.*id).second) found.push_back(warn(each));
+  }
+}
+
+report RepeatedId(const char* kind, std::int64_t id, const design_place& where) {
+  return Warning(rule::kRepeatedId, "Id Warning",
+                 "Used twice is the " + std::string(kind) + " id " + std::to_string(id), where);
+}
+
+void WarnOfRepeatedIds(const design& document, std::vector<report>& found) {
+  WarnOfRepeatedIds(document.blocks, &dvblock::id, found, [](const dvblock& block) {
+    return RepeatedId("block", block.id, PlaceOf(block));
+  });
+  WarnOfRepeatedIds(document.nets, &net::net_id, found, [](const net& wire) {
+    return RepeatedId("net", wire.net_id, {.net_id = wire.net_id});
+  });
+  WarnOfRepeatedIds(document.texts, &textblock::id, found, [](const textblock& note) {
+    return RepeatedId("note", note.id, {.at = point{note.x, note.y}});
+  });
+}
+
+// Values are saved raw: what a file can hold escaped may come back changed, or not at all.
+void WarnOfValue(const std::string& value, const std::string& owner, const design_place& where,
+                 std::vector<report>& found) {
+  if (value.find_first_of("<&\r") == std::string::npos && value.find("]]>") == std::string::npos) {
+    return;
+  }
+  const xml_result read = ParseXml("<value>" + value + "</value>");
+  const bool is_readable = read.status == xml_status::kRead;
+  if (is_readable && !read.tree.Root().HasChildren() && read.tree.Root().Text() == value) return;
+  found.push_back(
+      Warning(is_readable ? rule::kValueChanges : rule::kValueBreaksFile, "Value Warning",
+              (is_readable ? "Saved and opened again, \"" : "Saved, \"") + value +
+                  (is_readable ? "\" changes on " : "\" makes the file unreadable on ") + owner,
+              where));
+}
+
+void WarnOfValues(const design& document, std::vector<report>& found) {
+  for (const dvblock& block : document.blocks) {
+    const std::string owner = BlockName(block);
+    const design_place where = PlaceOf(block);
+    const auto check = [&](const std::string& value) { WarnOfValue(value, owner, where, found); };
+    check(block.lib);
+    check(block.sub);
+    for (const pin& p : block.pins) check(p.pin_name);
+    for (const param& p : block.params) {
+      check(p.param_name);
+      check(p.param_value);
+    }
+  }
+  for (const net& wire : document.nets) {
+    const std::string owner = "net " + std::to_string(wire.net_id);
+    WarnOfValue(wire.pin_1_name, owner, {.net_id = wire.net_id}, found);
+    WarnOfValue(wire.pin_2_name, owner, {.net_id = wire.net_id}, found);
+  }
+}
+
+}  // namespace
+
+report Warning(rule kind, const char* title, std::string text, const design_place& where) {
+  return {kind,
+          severity::kWarning,
+          {title, std::move(text), message_buttons::kOk, message_icon::kCaution},
+          where};
+}
+
+std::string BlockName(const dvblock& block) {
+  return "block " + std::to_string(block.id) + ", " + block.sub;
+}
+
+design_place PlaceOf(const dvblock& block) {
+  return {.block_id = block.id, .at = point{block.x, block.y}};
+}
+
+design_place PlaceOf(const net& wire) {
+  return {.net_id = wire.net_id, .at = point{wire.x_1, wire.y_1}};
+}
+
+std::vector<report> FileWarnings(const raw_design& raw) {
+  std::vector<report> found;
+  if (raw.root_name != "MardelDesign" || !raw.has_lists) {
+    found.push_back(Warning(rule::kNoDesign, "File Warning",
+                            raw.has_lists
+                                ? "The file is no design: its root element is " + raw.root_name
+                                : "The file is no design: it has none of blocks, nets and "
+                                  "text",
+                            {}));
+  }
+  WarnOfRepeatedIds(raw.document, found);
+  WarnOfValues(raw.document, found);
+  return found;
+}
+
+}  // namespace mardel
