@@ -5,6 +5,7 @@
 #include <limits>
 #include <map>
 #include <optional>
+#include <utility>
 
 #include "app/main_menu.h"
 #include "platform/picture_file.h"
@@ -43,6 +44,16 @@ std::optional<number> ParseNumber(const std::string& text) {
   return status == std::errc() && stop == end ? std::optional(value) : std::nullopt;
 }
 
+setting_paths Paths(const typed_words& typed) {
+  const std::string* const configuration = typed.Option("--config");
+  const std::string* const libraries = typed.Option("--libraries");
+  return {configuration == nullptr ? "" : *configuration, libraries == nullptr ? "" : *libraries};
+}
+
+warning_effect Warnings(const typed_words& typed) {
+  return typed.Option("--werror") == nullptr ? warning_effect::kTold : warning_effect::kRefuse;
+}
+
 command_line Window(const typed_words& typed) {
   return window_request{typed.FirstName()};
 }
@@ -52,9 +63,14 @@ command_line Welcome(const typed_words& typed) {
 }
 
 command_line Generate(const typed_words& typed) {
-  generate_request asked{.design = typed.FirstName(), .output = typed.verb_value};
+  generate_request asked{.from = Paths(typed),
+                         .design = typed.FirstName(),
+                         .output = typed.verb_value,
+                         .warnings = Warnings(typed)};
   if (typed.Option("--preprocess") != nullptr) asked.steps = run_option::kPreprocess;
   const std::string* const location = typed.Option("--program");
+  const bool runs_tools = location != nullptr || asked.steps == run_option::kPreprocess;
+  if (runs_tools && asked.output == kStream) return usage_error{"tools need an output file"};
   if (location == nullptr) return asked;
   if (asked.steps == run_option::kPreprocess) {
     return usage_error{"only one of --preprocess and --program can be given"};
@@ -66,15 +82,57 @@ command_line Generate(const typed_words& typed) {
                      std::to_string(kProgramLocations - 1)};
 }
 
+usage_error WrongFormat(const std::string& name, const std::string& known) {
+  return {"format " + Quoted(name) + " is none of " + known};
+}
+
 command_line Check(const typed_words& typed) {
-  return check_request{typed.names};
+  check_request asked{.from = Paths(typed), .designs = typed.names, .warnings = Warnings(typed)};
+  const std::string* const name = typed.Option("--format");
+  if (name == nullptr) return asked;
+  const auto format = FindReportFormat(*name);
+  if (!format) return WrongFormat(*name, "text, gcc, json and sarif");
+  asked.format = *format;
+  return asked;
+}
+
+// The request, with its format if that is one.
+template <class request>
+command_line WithTextFormat(request asked, const typed_words& typed) {
+  const std::string* const name = typed.Option("--format");
+  if (name == nullptr || *name == "text") return asked;
+  if (*name != "json") return WrongFormat(*name, "text and json");
+  asked.format = text_format::kJson;
+  return asked;
+}
+
+command_line Explain(const typed_words& typed) {
+  return WithTextFormat(explain_request{.from = Paths(typed), .design = typed.FirstName()}, typed);
+}
+
+command_line Diff(const typed_words& typed) {
+  diff_request asked{.old_design = {}, .new_design = typed.names.back()};
+  if (typed.names.size() == 2) asked.old_design = typed.names.front();
+  return WithTextFormat(asked, typed);
+}
+
+command_line Merge(const typed_words& typed) {
+  if (typed.names[1] == kStream) return usage_error{"--merge needs a file to write to"};
+  return merge_request{typed.names[0], typed.names[1], typed.names[2]};
 }
 
 command_line Render(const typed_words& typed) {
-  render_request asked{.design = typed.FirstName(), .output = typed.verb_value};
-  if (!FormatOfPicture(asked.output)) {
+  render_request asked{
+      .from = Paths(typed), .design = typed.FirstName(), .output = typed.verb_value};
+  const std::string* const name = typed.Option("--format");
+  const auto format = FormatOfPicture(name == nullptr ? asked.output : "." + *name);
+  if (!format && name != nullptr) return WrongFormat(*name, "png, svg and pdf");
+  if (!format && asked.output == kStream) return usage_error{"a picture to - needs a --format"};
+  if (!format) {
     return usage_error{"picture " + Quoted(asked.output) + " ends in none of .png, .svg and .pdf"};
   }
+  asked.format = *format;
+  if (const std::string* const old = typed.Option("--diff")) asked.old_design = *old;
   if (typed.Option("--grid") != nullptr) asked.lines = grid::kShown;
   if (typed.Option("--crop") != nullptr) asked.area = picture_area::kDrawn;
   const std::string* const scale = typed.Option("--scale");
@@ -85,7 +143,7 @@ command_line Render(const typed_words& typed) {
 }
 
 command_line List(const typed_words& typed) {
-  return list_request{typed.FirstName()};
+  return list_request{.from = Paths(typed), .library = typed.FirstName()};
 }
 
 command_line Init(const typed_words& typed) {
@@ -110,6 +168,9 @@ constexpr verb_rule kVerbs[] = {
     {"--welcome", "", 0, 1, "design", Welcome},
     {"--generate", "an output file", 1, 1, "design", Generate},
     {"--check", "", 1, kAnyNumber, "design", Check},
+    {"--explain", "", 1, 1, "design", Explain},
+    {"--diff", "", 1, 2, "design", Diff},
+    {"--merge", "", 3, 3, "base, ours and theirs", Merge},
     {"--render", "a picture file", 1, 1, "design", Render},
     {"--list", "", 0, 1, "library", List},
     {"--init", "", 0, 1, "folder", Init},
@@ -120,14 +181,26 @@ constexpr verb_rule kVerbs[] = {
 struct option_rule {
   std::string_view name;
   std::string_view value;  // as verb_rule has it
-  std::string_view verb;   // that it goes with
+  std::string_view verbs;  // that it goes with
 };
 
+constexpr std::string_view kLibraryVerbs = "--generate, --check, --explain, --render and --list";
 constexpr option_rule kOptions[] = {
-    {"--preprocess", "", "--generate"},  {"--program", "a program location", "--generate"},
-    {"--scale", "a number", "--render"}, {"--grid", "", "--render"},
+    {"--preprocess", "", "--generate"},
+    {"--program", "a program location", "--generate"},
+    {"--werror", "", "--generate and --check"},
+    {"--format", "a format", "--check, --explain, --diff and --render"},
+    {"--scale", "a number", "--render"},
+    {"--grid", "", "--render"},
     {"--crop", "", "--render"},
+    {"--diff", "an older design", "--render"},
+    {"--config", "a configuration file", kLibraryVerbs},
+    {"--libraries", "a folder", kLibraryVerbs},
 };
+
+bool GoesWith(const option_rule& option, std::string_view verb) {
+  return !verb.empty() && option.verbs.find(verb) != std::string_view::npos;
+}
 
 // Puts the arguments into their groups; the first that makes no sense ends it.
 class parser {
@@ -149,16 +222,30 @@ class parser {
   }
 
   void SortNext() {
-    const std::string argument = Take();
-    if (only_names_ || !argument.starts_with('-') || argument == "-") {
+    std::string argument = Take();
+    if (only_names_ || !argument.starts_with('-') || argument == kStream) {
       typed_.names.push_back(argument);
     } else if (argument == "--") {
       only_names_ = true;
-    } else if (const auto* option = std::ranges::find(kOptions, argument, &option_rule::name);
-               option != std::end(kOptions)) {
+    } else {
+      const std::size_t mark = argument.find('=');
+      if (argument.starts_with("--") && mark != std::string::npos) {
+        joined_value_ = argument.substr(mark + 1);
+        argument.resize(mark);
+      }
+      SortDashed(argument == "-h" ? "--help" : argument == "-V" ? "--version" : argument);
+      if (joined_value_ && error_.empty()) error_ = argument + " takes no value";
+    }
+  }
+
+  // What is both an option and a verb is an option after a verb that it goes with.
+  void SortDashed(const std::string& name) {
+    const auto* const option = std::ranges::find(kOptions, name, &option_rule::name);
+    const bool is_verb = std::ranges::count(kVerbs, name, &verb_rule::name) > 0;
+    if (option != std::end(kOptions) && (!is_verb || GoesWith(*option, verb_->name))) {
       SortOption(*option);
     } else {
-      SortVerb(argument);
+      SortVerb(name);
     }
   }
 
@@ -181,16 +268,25 @@ class parser {
   }
 
   std::string TakeValue(std::string_view name, std::string_view meaning) {
-    if (!rest_.empty() && !rest_.front().empty() && !rest_.front().starts_with('-')) return Take();
+    if (joined_value_) {
+      const std::string value = *std::exchange(joined_value_, std::nullopt);
+      if (!value.empty()) return value;
+    } else if (!rest_.empty() && IsValue(rest_.front())) {
+      return Take();
+    }
     error_ = std::string(name) + " needs " + std::string(meaning);
     return {};
+  }
+
+  static bool IsValue(const std::string& word) {
+    return !word.empty() && (!word.starts_with('-') || word == kStream);
   }
 
   void CheckWhole() {
     const std::size_t names = typed_.names.size();
     for (const option_rule& option : kOptions) {
-      if (typed_.Option(option.name) == nullptr || option.verb == verb_->name) continue;
-      error_ = std::string(option.name) + " goes with " + std::string(option.verb) + " only";
+      if (typed_.Option(option.name) == nullptr || GoesWith(option, verb_->name)) continue;
+      error_ = std::string(option.name) + " goes with " + std::string(option.verbs) + " only";
       return;
     }
     if (names < verb_->least_names) {
@@ -199,12 +295,17 @@ class parser {
       error_ = "extra argument " + Quoted(typed_.names[verb_->most_names]);
     } else if (std::ranges::count(typed_.names, "") > 0) {
       error_ = "a " + std::string(verb_->named) + " has no name";
+    } else if (const std::string* const old = typed_.Option("--diff");
+               std::ranges::count(typed_.names, kStream) + (old != nullptr && *old == kStream) >
+               1) {
+      error_ = "standard input can be read once";
     }
   }
 
   std::span<const std::string> rest_;
   const verb_rule* verb_ = kVerbs;
   bool only_names_ = false;
+  std::optional<std::string> joined_value_;  // of the option that is being sorted
   typed_words typed_;
   std::string error_;
 };
@@ -217,9 +318,13 @@ command_line ParseCommandLine(std::span<const std::string> arguments) {
 
 std::string_view UsageText() {
   return R"(usage: mardel [--welcome] [DESIGN.mrd]
-       mardel --generate OUT.dvc [--preprocess | --program N] DESIGN.mrd
-       mardel --check DESIGN.mrd...
-       mardel --render OUT.{png,svg,pdf} [--scale S] [--grid] [--crop] DESIGN.mrd
+       mardel --generate OUT.dvc [--preprocess | --program N] [--werror] DESIGN.mrd
+       mardel --check [--format F] [--werror] DESIGN.mrd...
+       mardel --explain [--format F] DESIGN.mrd
+       mardel --diff [--format F] [OLD.mrd] NEW.mrd
+       mardel --merge BASE.mrd OURS.mrd THEIRS.mrd
+       mardel --render OUT.{png,svg,pdf} [--scale S] [--grid] [--crop]
+              [--diff OLD.mrd] [--format F] DESIGN.mrd
        mardel --list [LIBRARY]
        mardel --init [FOLDER]
        mardel --help
@@ -227,12 +332,24 @@ std::string_view UsageText() {
 
 Without an option the window opens, with the design if one is given.
 
+"-" is standard input as a design, standard output as OUT.
+
   --welcome           first do as --init, unless the folder is there
   --generate OUT.dvc  write the design's source file
   --preprocess        then run the preprocessor on it
   --program N         then run the preprocessor, and the assembler to store the
                       program in location N (0 to 15)
-  --check             name every problem of the designs
+  --check             name every problem of the designs, and what looks like a
+                      mistake as a warning
+  --werror            let a warning refuse a design
+  --explain           tell which register each wire becomes and why, and each
+                      block's line of the source
+  --diff              tell what changed from OLD to NEW in words, or all that
+                      NEW holds; with --render, mark it in the picture
+  --merge             bring OURS and THEIRS, both made from BASE, together in
+                      OURS, and name what conflicts
+  --format F          text, gcc, json or sarif for --check; text or json for
+                      --explain and --diff; png, svg or pdf for --render
   --render OUT        draw the design into a PNG, SVG or PDF file
   --scale S           enlarge the picture (0.25 to 8)
   --grid              draw the grid too
@@ -241,11 +358,14 @@ Without an option the window opens, with the design if one is given.
   --init              make a folder with sample designs, their libraries and a
                       configuration; without a name it is "Dravik programs"
                       in the Documents folder
-  --help              show how mardel is called
-  --version           show the version
+  --config FILE       read this configuration instead of Mardel.con
+  --libraries FOLDER  read the libraries of this folder
+  -h, --help          show how mardel is called
+  -V, --version       show the version
 
-Exit status: 0 done; 1 a design or a tool refused; 2 wrong usage; 3 a file
-could not be read or written, or a tool could not be started.
+Exit status: 0 done, or no difference; 1 a design or a tool refused, designs
+differ or conflict; 2 wrong usage; 3 a file could not be read or written, or a
+tool could not be started.
 )";
 }
 

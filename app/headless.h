@@ -13,8 +13,6 @@ enum class [[nodiscard]] exit_status : int {
 };
 
 // Messages go to standard error.
-exit_status Run(const generate_request& asked);
-exit_status Run(const check_request& asked);
 exit_status Run(const list_request& asked);
 exit_status Run(const help_request& asked);
 exit_status Run(const version_request& asked);

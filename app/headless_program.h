@@ -1,9 +1,13 @@
 // The program without a window: what the verbs of the command line share.
 #pragma once
 
+#include <span>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "app/headless.h"
+#include "app/report_formats.h"
 #include "codegen/design_file.h"
 #include "codegen/settings.h"
 #include "library/library_set.h"
@@ -14,28 +18,28 @@ namespace mardel {
 
 struct headless_program {
   // Reads settings and libraries. `measures` must outlive the program.
-  explicit headless_program(const text_metrics& measures);
+  explicit headless_program(const text_metrics& measures, const setting_paths& from = {});
 
   const text_metrics& metrics;
   settings options;
   library_set libraries;
   register_pool registers;
+  std::vector<found_report> reports;  // of the configuration and the libraries
+  // Not kDone when a file or folder that the command line names is not there.
+  exit_status status = exit_status::kDone;
 };
 
-// A line on standard error. `prefix` goes before the report, such as "echo.mrd: ".
-void Print(const report& told, const std::string& prefix = {});
+// A line on standard error for each.
+void PrintReports(std::span<const found_report> reports);
+
+// Bytes to standard output.
+exit_status WriteOut(std::string_view text);
 
 // Says why on standard error; returns `status`.
 exit_status Fail(exit_status status, const std::string& line);
 
-// Lines of text to standard output.
-exit_status WriteOut(std::string text);
-
-// What is wrong with the file is printed.
-loaded_design Load(const headless_program& run, const std::string& path,
-                   const std::string& prefix = {});
-
-// A block that no library has refuses the design whole, so that nothing is made with a hole.
-exit_status StatusOf(const loaded_design& loaded);
+// The content of a design's file, linked to the libraries.
+[[nodiscard]] loaded_design LinkInput(const headless_program& run, std::string_view content,
+                                      const std::string& path);
 
 }  // namespace mardel

@@ -2,6 +2,10 @@
 #include "app/headless.h"
 #include "app/init.h"
 #include "app/render.h"
+#include "app/verbs/checking.h"
+#include "app/verbs/compare.h"
+#include "app/verbs/explaining.h"
+#include "app/verbs/generating.h"
 #include "app/window.h"
 
 namespace {

@@ -7,6 +7,26 @@ namespace mardel {
 namespace {
 
 struct request_words {
+  static std::string Warnings(warning_effect effect) {
+    return effect == warning_effect::kRefuse ? " werror" : "";
+  }
+  static std::string Paths(const setting_paths& from) {
+    return from.configuration.empty() && from.libraries.empty()
+               ? ""
+               : " by " + from.configuration + " and " + from.libraries;
+  }
+  static std::string Format(text_format format) {
+    return format == text_format::kJson ? " json" : "";
+  }
+  std::string operator()(const explain_request& r) const {
+    return "explain" + Format(r.format) + " " + r.design;
+  }
+  std::string operator()(const diff_request& r) const {
+    return "diff" + Format(r.format) + " " + r.old_design + " " + r.new_design;
+  }
+  std::string operator()(const merge_request& r) const {
+    return "merge " + r.base + " " + r.ours + " " + r.theirs;
+  }
   std::string operator()(const window_request& r) const {
     return (r.at_start == samples::kMadeOnce ? "welcome " : "window ") + r.design;
   }
@@ -15,10 +35,12 @@ struct request_words {
                               : r.steps == run_option::kRun
                                   ? " program " + std::to_string(r.location)
                                   : "";
-    return "generate " + r.output + steps + " of " + r.design;
+    return "generate " + r.output + steps + Warnings(r.warnings) + Paths(r.from) + " of " +
+           r.design;
   }
   std::string operator()(const check_request& r) const {
-    std::string text = "check";
+    std::string text = "check" + Warnings(r.warnings) +
+                       (r.format == report_format::kSarif ? " sarif" : "") + Paths(r.from);
     for (const std::string& name : r.designs) text += ' ' + name;
     return text;
   }
@@ -27,7 +49,9 @@ struct request_words {
     scale << r.scale;
     return "render " + r.output + " scale " + scale.str() +
            (r.lines == grid::kShown ? " grid" : "") +
-           (r.area == picture_area::kDrawn ? " crop" : "") + " of " + r.design;
+           (r.area == picture_area::kDrawn ? " crop" : "") +
+           (r.format == picture_format::kPdf ? " pdf" : "") +
+           (r.old_design.empty() ? "" : " since " + r.old_design) + " of " + r.design;
   }
   std::string operator()(const list_request& r) const { return "list " + r.library; }
   std::string operator()(const init_request& r) const { return "init " + r.folder; }

@@ -35,7 +35,7 @@ std::set<std::string> Options(const std::string& text) {
 TEST(Manual, SaysTheSameAsHelp) {
   const std::string help(UsageText());
   const std::string manual = Manual();
-  static const std::regex between("usage: |\n       (?=mardel)|\n  (?=--)|[:;]\\s|\\.?\n(\n|$)");
+  static const std::regex between("usage: |\n       (?=mardel)|\n  (?=-)|[:;]\\s|\\.?\n(\n|$)");
   for (std::sregex_token_iterator at(help.begin(), help.end(), between, -1), end; at != end; ++at) {
     EXPECT_THAT(manual, testing::HasSubstr(Plain(*at)));
   }
