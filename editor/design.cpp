@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <unordered_set>
 
 namespace mardel {
 
@@ -81,11 +82,13 @@ void MeasureNote(textblock& note, const text_metrics& metrics) {
   std::string text = note.text_str;
   std::erase(text, '\r');
   note.width = 0;
+  std::unordered_set<std::string_view> measured;  // a huge note repeats its short rows
   for (std::size_t start = 0; start <= text.size();) {
     const std::size_t end = std::min(text.find('\n', start), text.size());
     const std::string_view row = std::string_view(text).substr(start, end - start);
-    note.width = std::max<std::int64_t>(note.width, std::llround(metrics.VisibleWidth(row) + 3));
     start = end + 1;
+    if (!measured.insert(row).second) continue;
+    note.width = std::max<std::int64_t>(note.width, std::llround(metrics.VisibleWidth(row) + 3));
   }
   note.height = std::llround(NoteHeight(text, note.width, metrics));
 }

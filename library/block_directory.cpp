@@ -69,6 +69,7 @@ void OpenBlockDirectory(const library_set& set, open_windows& windows) {
                .text = {}},
           },
       .modality = window_modality::kModeless,
+      .sizing = window_sizing::kResizable,
   };
   const auto show_selected = [&set, &desk = windows.Desk()](const gadget_used& used) {
     if (used.gadget != kTree) return;

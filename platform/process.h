@@ -19,6 +19,7 @@ struct [[nodiscard]] tool_result {
 
 // A message box lays out this much at once, even when it is a single line.
 constexpr std::size_t kMostToolOutput = std::size_t{1} << 16U;
+constexpr std::size_t kMostToolErrors = std::size_t{1} << 14U;
 
 class process_runner {
  public:

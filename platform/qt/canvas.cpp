@@ -46,7 +46,7 @@ canvas::canvas(QSize size, std::function<void(painter&)> draw, event_sink delive
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
-  setAccessibleName("Schematic");
+  setAccessibleName(QStringLiteral("Schematic"));
 }
 
 void canvas::Redraw() {

@@ -3,16 +3,21 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPixmap>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTreeWidget>
 #include <algorithm>
+#include <cmath>
 
 #include "platform/png.h"
+#include "platform/qt/dialog_scale.h"
 #include "platform/qt/gadget_fitting.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/text_entry.h"
+
+using namespace Qt::StringLiterals;
 
 namespace mardel {
 namespace {
@@ -27,47 +32,70 @@ QString Fitting(QWidget& shown, const QString& text, int room, Qt::TextElideMode
   return fitting;
 }
 
+QColor ColourOf(colour ink) {
+  return {RedOf(ink), GreenOf(ink), BlueOf(ink), AlphaOf(ink)};
+}
+
 Qt::Alignment AlignmentOf(gadget_kind kind) {
   if (kind == gadget_kind::kRightLabel) return Qt::AlignRight;
   return kind == gadget_kind::kCentredLabel ? Qt::AlignHCenter : Qt::AlignLeft;
 }
 
-QWidget* AtPlace(QWidget* made, const gadget& described) {
-  made->setGeometry(PlaceOf(described));
+QWidget* AtPlace(QWidget* made, const gadget& described, const gadget_frame& frame) {
+  made->setGeometry(Scaled(PlaceOf(described), frame.scale));
   return made;
 }
 
-QWidget* MakeLabel(const gadget& described, QWidget& parent, const window& contents) {
-  auto* const label = new QLabel(&parent);
+// `wanted` in pixels of the screen.
+QRect FittingPlace(const gadget_frame& frame, const gadget& described, int wanted) {
+  const int in_table = static_cast<int>(std::ceil(wanted / frame.scale));
+  return Scaled(FittingPlace(frame.contents, described, in_table), frame.scale);
+}
+
+// A coloured mark, which says nothing to a screen reader.
+class swatch : public QWidget {
+ public:
+  swatch(const gadget& described, QWidget& parent)
+      : QWidget(&parent), text_(OneLine(described.text)), ink_(ColourOf(described.ink)) {}
+
+ protected:
+  void paintEvent(QPaintEvent* /*happened*/) override {
+    QPainter target(this);
+    target.setPen(ink_);
+    target.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter, text_);
+  }
+
+ private:
+  QString text_;
+  QColor ink_;
+};
+
+QWidget* MakeLabel(const gadget& described, const gadget_frame& frame) {
+  if (described.ink != 0) return AtPlace(new swatch(described, frame.parent), described, frame);
+  auto* const label = new QLabel(&frame.parent);
   label->ensurePolished();  // before its font is asked for
   label->setTextFormat(Qt::PlainText);
   label->setAlignment(AlignmentOf(described.kind) | Qt::AlignVCenter);
   const QString text = OneLine(described.text);
   const int wanted = label->fontMetrics().horizontalAdvance(text) + kTextSlack;
-  label->setGeometry(FittingPlace(contents, described, wanted));
+  label->setGeometry(FittingPlace(frame, described, wanted));
   label->setText(Fitting(*label, text, label->width(), Qt::ElideMiddle));
   label->setAccessibleName(text);
-  if (described.ink != 0) {
-    QPalette colours = label->palette();
-    colours.setColor(QPalette::WindowText, {RedOf(described.ink), GreenOf(described.ink),
-                                            BlueOf(described.ink), AlphaOf(described.ink)});
-    label->setPalette(colours);
-  }
   return label;
 }
 
 template <class button>
-QWidget* MakeChoice(const gadget& described, QWidget& parent, const window& contents) {
-  auto* const choice = new button(&parent);
+QWidget* MakeChoice(const gadget& described, const gadget_frame& frame) {
+  auto* const choice = new button(&frame.parent);
   choice->ensurePolished();  // before its font is asked for
   const QString text = OneLine(described.text);
   choice->setText(ButtonText(described.text));
   const int box = choice->sizeHint().width() - choice->fontMetrics().horizontalAdvance(text);
   const int wanted = choice->sizeHint().width() + kTextSlack;
-  const QRect place = FittingPlace(contents, described, wanted);
+  const QRect place = FittingPlace(frame, described, wanted);
   choice->setGeometry(place);
   const QString fitting = Fitting(*choice, text, place.width() - box, Qt::ElideRight);
-  choice->setText(QString(fitting).replace("&", "&&"));
+  choice->setText(QString(fitting).replace(u'&', "&&"_L1));
   choice->setAccessibleName(text);
   choice->setChecked(described.checked);
   return choice;
@@ -104,7 +132,6 @@ QWidget* MakeTree(const gadget& described, QWidget& parent, const gadget_sink& u
 
 QWidget* MakeImage(const gadget& described, QWidget& parent) {
   auto* const label = new QLabel(&parent);
-  label->setGeometry(PlaceOf(described));
   label->setScaledContents(true);
   const std::optional<picture> decoded = DecodePng(described.text);
   if (!decoded) return label;
@@ -128,50 +155,48 @@ QWidget* MakePlainText(const gadget& described, QWidget& parent) {
   return editor;
 }
 
-QWidget* Make(const gadget& described, QWidget& parent, const window& contents,
-              const gadget_sink& used) {
+QWidget* Make(const gadget& described, const gadget_frame& frame, const gadget_sink& used) {
   switch (described.kind) {
     case gadget_kind::kLabel:
     case gadget_kind::kCentredLabel:
     case gadget_kind::kRightLabel:
-      return MakeLabel(described, parent, contents);
+      return MakeLabel(described, frame);
     case gadget_kind::kTextField:
-      return AtPlace(new text_field(described.text, parent), described);
+      return AtPlace(new text_field(described.text, frame.parent), described, frame);
     case gadget_kind::kEditor:
     case gadget_kind::kReadOnlyText:
-      return AtPlace(MakePlainText(described, parent), described);
+      return AtPlace(MakePlainText(described, frame.parent), described, frame);
     case gadget_kind::kCheckBox:
-      return MakeChoice<QCheckBox>(described, parent, contents);
+      return MakeChoice<QCheckBox>(described, frame);
     case gadget_kind::kOption:
-      return MakeChoice<QRadioButton>(described, parent, contents);
+      return MakeChoice<QRadioButton>(described, frame);
     case gadget_kind::kButton:
     case gadget_kind::kDefaultButton:
-      return AtPlace(MakeButton(described, parent, used), described);
+      return AtPlace(MakeButton(described, frame.parent, used), described, frame);
     case gadget_kind::kTree:
-      return AtPlace(MakeTree(described, parent, used), described);
+      return AtPlace(MakeTree(described, frame.parent, used), described, frame);
     case gadget_kind::kImage:
-      return MakeImage(described, parent);
+      return AtPlace(MakeImage(described, frame.parent), described, frame);
   }
   return nullptr;
 }
 
 }  // namespace
 
-QWidget* MakeGadget(const gadget& described, QWidget& parent, const window& contents,
-                    const gadget_sink& used) {
-  QWidget* const made = Make(described, parent, contents, used);
+QWidget* MakeGadget(const gadget& described, const gadget_frame& frame, const gadget_sink& used) {
+  QWidget* const made = Make(described, frame, used);
   if (!described.tooltip.empty()) made->setToolTip(TooltipText(described.tooltip));
   return made;
 }
 
 std::string TextOf(const QWidget& widget) {
-  if (const auto* field = dynamic_cast<const QLineEdit*>(&widget)) return FromQt(field->text());
+  if (const auto* field = dynamic_cast<const text_field*>(&widget)) return field->Text();
   if (const auto* editor = dynamic_cast<const text_editor*>(&widget)) return editor->Text();
   return {};
 }
 
 void SetTextOf(QWidget& widget, const std::string& text) {
-  if (auto* field = dynamic_cast<QLineEdit*>(&widget)) field->setText(ToQt(text));
+  if (auto* field = dynamic_cast<text_field*>(&widget)) field->SetText(text);
   if (auto* editor = dynamic_cast<text_editor*>(&widget)) editor->SetText(text);
 }
 

@@ -6,11 +6,13 @@
 
 #include "platform/host.h"
 
+using namespace Qt::StringLiterals;
+
 namespace mardel {
 namespace {
 
 std::string FolderPath(const QString& folder) {
-  if (folder.isEmpty() || folder.endsWith('/')) return folder.toStdString();
+  if (folder.isEmpty() || folder.endsWith(u'/')) return folder.toStdString();
   return folder.toStdString() + "/";
 }
 
@@ -18,9 +20,9 @@ std::string FolderPath(const QString& folder) {
 
 host_kind HostKind() {
   const QString kernel = QSysInfo::kernelType();
-  if (kernel == "linux") return host_kind::kLinux;
-  if (kernel == "darwin") return host_kind::kMac;
-  return kernel == "winnt" ? host_kind::kWindows : host_kind::kOther;
+  if (kernel == "linux"_L1) return host_kind::kLinux;
+  if (kernel == "darwin"_L1) return host_kind::kMac;
+  return kernel == "winnt"_L1 ? host_kind::kWindows : host_kind::kOther;
 }
 
 host_folders HostFolders() {

@@ -12,8 +12,10 @@
 
 namespace mardel {
 
-main_frame::main_frame(const main_window& contents, event_sink deliver, text_layouts& layouts)
+main_frame::main_frame(const main_window& contents, event_sink deliver,
+                       std::function<void()> reached_for, text_layouts& layouts)
     : deliver_(std::move(deliver)),
+      reached_for_(std::move(reached_for)),
       menus_(*this, [this](int id) { deliver_(menu_chosen{id}); }),
       area_(new QScrollArea),
       canvas_(new canvas({contents.canvas_width, contents.canvas_height}, contents.draw_canvas,
@@ -21,6 +23,7 @@ main_frame::main_frame(const main_window& contents, event_sink deliver, text_lay
       status_(new status_fields(contents.status_field_widths)) {
   setWindowTitle(TitleText(contents.title));
   area_->setFrameShape(QFrame::NoFrame);
+  area_->setFocusPolicy(Qt::NoFocus);  // nothing takes the keyboard from the canvas
   area_->setWidget(canvas_);
   area_->verticalScrollBar()->setSingleStep(contents.scroll_step);
   area_->horizontalScrollBar()->setSingleStep(contents.scroll_step);
@@ -52,8 +55,14 @@ void main_frame::ScrollTo(const rectangle& place) {
   area_->ensureVisible(first.x(), first.y(), 0, 0);
 }
 
+bool main_frame::event(QEvent* happened) {
+  if (happened->type() == QEvent::WindowActivate && !isEnabled()) reached_for_();
+  return QMainWindow::event(happened);
+}
+
 void main_frame::closeEvent(QCloseEvent* happened) {
   happened->ignore();
+  if (!isEnabled()) return reached_for_();
   deliver_(main_window_close_requested{});
 }
 

@@ -3,6 +3,7 @@
 
 #include <QMainWindow>
 #include <QScrollArea>
+#include <functional>
 
 #include "platform/desktop.h"
 #include "platform/qt/canvas.h"
@@ -13,8 +14,10 @@ namespace mardel {
 
 class main_frame : public QMainWindow {
  public:
+  // `reached_for` hears of clicks on the window and of close requests while it is disabled.
   // `layouts` must outlive the window.
-  main_frame(const main_window& contents, event_sink deliver, text_layouts& layouts);
+  main_frame(const main_window& contents, event_sink deliver, std::function<void()> reached_for,
+             text_layouts& layouts);
 
   canvas& Canvas() { return *canvas_; }
   menu_bar& Menus() { return menus_; }
@@ -23,6 +26,7 @@ class main_frame : public QMainWindow {
   void ScrollTo(const rectangle& place);
 
  protected:
+  bool event(QEvent* happened) override;
   void closeEvent(QCloseEvent* happened) override;
   void dragEnterEvent(QDragEnterEvent* happened) override;
   void dropEvent(QDropEvent* happened) override;
@@ -30,6 +34,7 @@ class main_frame : public QMainWindow {
 
  private:
   event_sink deliver_;
+  std::function<void()> reached_for_;
   menu_bar menus_;
   QScrollArea* area_;  // these are children of this
   canvas* canvas_;

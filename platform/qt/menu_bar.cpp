@@ -8,7 +8,10 @@
 #include <utility>
 
 #include "platform/qt/qt_text.h"
+#include "platform/qt/searched_menu.h"
 #include "platform/text.h"
+
+using namespace Qt::StringLiterals;
 
 namespace mardel {
 namespace {
@@ -60,7 +63,7 @@ QString MenuText(const std::string& text) {
 QString CommandText(const menu_item& described) {
   const std::size_t tab = described.text.find('\t');
   if (described.shortcut.empty() || tab == std::string::npos) return MenuText(described.text);
-  return ButtonText(described.text.substr(0, tab)) + '\t' +
+  return ButtonText(described.text.substr(0, tab)) + u'\t' +
          ButtonText(described.text.substr(tab + 1));
 }
 
@@ -71,13 +74,18 @@ menu_bar::menu_bar(QMainWindow& owner, std::function<void(int id)> chosen)
 
 void menu_bar::Set(const std::vector<menu>& menus) {
   auto* const bar = new QMenuBar;
-  owner_.setMenuBar(bar);  // deletes the one before
+  owner_.setMenuBar(bar);  // deletes the one before when the event loop runs again
   checkable_.clear();
-  menus_ = menus;
-  for (const menu& described : menus_) {
+  menus_ = std::make_shared<const std::vector<menu>>(menus);
+  for (const menu& described : *menus_) {
     auto* const added = bar->addMenu(ButtonText(described.title));
     Fill(*added, described.items);
     KeepOnScreen(*added);
+  }
+  if (!bar->actions().isEmpty()) {
+    auto* const opens = new QShortcut(QKeySequence(Qt::Key_F10), bar);
+    QObject::connect(opens, &QShortcut::activated, bar,
+                     [bar] { bar->setActiveAction(bar->actions().constFirst()); });
   }
 }
 
@@ -110,8 +118,10 @@ void menu_bar::Fill(QMenu& target, const std::vector<menu_item>& items) {
 }
 
 void menu_bar::AddSubmenu(QMenu& target, const menu_item& described) {
-  auto* const added = target.addMenu(MenuText(described.text));
-  QObject::connect(added, &QMenu::aboutToShow, added, [this, added, &described] {
+  auto* const added = new searched_menu(MenuText(described.text), target);
+  target.addMenu(added);
+  // A menu bar that is about to be deleted can still be shown.
+  QObject::connect(added, &QMenu::aboutToShow, added, [this, added, &described, kept = menus_] {
     if (!added->isEmpty()) return;
     Fill(*added, described.items);
     KeepOnScreen(*added);
@@ -121,9 +131,10 @@ void menu_bar::AddSubmenu(QMenu& target, const menu_item& described) {
 void menu_bar::AddCommand(QMenu& target, const menu_item& described) {
   auto* const added = target.addAction(CommandText(described));
   added->setMenuRole(ToQt(described.role));
+  added->setToolTip(TooltipText(described.tooltip));
   if (!described.shortcut.empty()) added->setShortcut(QKeySequence(ToQt(described.shortcut)));
   // What desktops have agreed on; the toolkit knows it on some of them only.
-  if (described.role == menu_role::kQuit) added->setShortcut(QKeySequence("Ctrl+Q"));
+  if (described.role == menu_role::kQuit) added->setShortcut(QKeySequence(u"Ctrl+Q"_s));
   const int id = described.id;
   if (described.kind == menu_item_kind::kCheckable) {
     added->setCheckable(true);

@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QMainWindow>
 #include <functional>
+#include <memory>
 #include <unordered_map>
 #include <vector>
 
@@ -29,7 +30,7 @@ class menu_bar {
 
   QMainWindow& owner_;
   std::function<void(int id)> chosen_;
-  std::vector<menu> menus_;  // what submenus not yet shown are filled from
+  std::shared_ptr<const std::vector<menu>> menus_;  // what submenus not yet shown are filled from
   std::unordered_map<int, QAction*> checkable_;
   std::unordered_map<int, bool> checked_;
 };

@@ -4,7 +4,9 @@
 #include <QGridLayout>
 #include <QMessageBox>
 #include <QPlainTextEdit>
-#include <algorithm>
+#include <QPushButton>
+#include <QTextEdit>
+#include <cmath>
 
 #include "platform/process.h"
 #include "platform/qt/qt_text.h"
@@ -15,10 +17,10 @@ namespace {
 
 // A tool's output as far as it is kept, and what is said of it. To wrap a word takes the square of
 // its length.
-constexpr std::size_t kMostBytes = kMostToolOutput + 4096;
+constexpr std::size_t kMostBytes = kMostToolOutput + kMostToolErrors + 4096;
 constexpr qsizetype kMostLines = 20;
 constexpr qsizetype kMostCharacters = 1500;
-constexpr qsizetype kLongestWord = 100;
+constexpr int kWidestRow = 80;  // of average characters
 
 QMessageBox::Icon IconOf(message_icon icon) {
   switch (icon) {
@@ -32,27 +34,57 @@ QMessageBox::Icon IconOf(message_icon icon) {
   return QMessageBox::Critical;
 }
 
-// So long that a box would be larger than the screen; a word that can't wrap counts as lines do.
+// So long that a box would be larger than the screen.
 bool IsLong(const QString& text) {
-  if (text.size() > kMostCharacters || text.count('\n') >= kMostLines) return true;
-  qsizetype word = 0;
-  return std::any_of(text.begin(), text.end(), [&word](QChar c) {
-    word = c.isSpace() ? 0 : word + 1;
-    return word > kLongestWord;
-  });
+  return text.size() > kMostCharacters || text.count(u'\n') >= kMostLines;
 }
 
-// Takes the place of the box's own text.
-void AddScrollingText(QMessageBox& box, const QString& text) {
-  auto* const output = new QPlainTextEdit(&box);
+QWidget* ScrollingText(const QString& text) {
+  auto* const output = new QPlainTextEdit;
   output->setReadOnly(true);
   output->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   output->setPlainText(text);
   output->setMinimumSize(560, 320);
   // The end of a tool's output is where it says what went wrong.
   output->moveCursor(QTextCursor::End);
+  return output;
+}
+
+// Looks like a label, but breaks a path that has no blank, and is copied from without the breaks.
+QWidget* WholeText(const QString& text) {
+  auto* const shown = new QTextEdit;
+  shown->ensurePolished();  // before its font is asked for
+  shown->setReadOnly(true);
+  shown->setFrameShape(QFrame::NoFrame);
+  shown->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  shown->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  QPalette colours = shown->palette();
+  colours.setColor(QPalette::Base, Qt::transparent);
+  colours.setColor(QPalette::Text, colours.color(QPalette::WindowText));
+  shown->setPalette(colours);
+  shown->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  shown->setPlainText(text);
+  QTextDocument& laid_out = *shown->document();
+  laid_out.setTextWidth(kWidestRow * shown->fontMetrics().averageCharWidth());
+  laid_out.setTextWidth(std::ceil(laid_out.idealWidth()));
+  shown->setFixedSize(laid_out.size().toSize() + QSize(1, 1));
+  return shown;
+}
+
+// In the place of the box's own label, whose text can't be selected and wraps at blanks only.
+void AddText(QMessageBox& box, const QString& text) {
+  QWidget* const shown = IsLong(text) ? ScrollingText(text) : WholeText(text);
+  shown->setAccessibleName(text);
+  box.setAccessibleDescription(text);
   auto* const layout = dynamic_cast<QGridLayout*>(box.layout());
-  layout->addWidget(output, 0, layout->columnCount() - 1);
+  if (layout == nullptr) {
+    delete shown;
+    return box.setText(text);
+  }
+  layout->addWidget(shown, 0, layout->columnCount() - 1);
+  QAbstractButton* const answers =
+      box.defaultButton() == nullptr ? box.buttons().constFirst() : box.defaultButton();
+  answers->setFocus();
 }
 
 QMessageBox::StandardButtons ButtonsOf(message_buttons buttons) {
@@ -89,16 +121,12 @@ answer ShowMessageBox(QWidget* owner, const message& shown) {
   box.setWindowTitle(TitleText(shown.title));
   box.setTextFormat(Qt::PlainText);
   box.setStandardButtons(ButtonsOf(shown.buttons));
-  if (IsLong(text)) {
-    AddScrollingText(box, text);
-  } else {
-    box.setText(text);
-  }
   // Closing the box must change nothing.
   if (shown.buttons == message_buttons::kYesNo) {
     box.setEscapeButton(QMessageBox::No);
     box.setDefaultButton(QMessageBox::No);
   }
+  AddText(box, text);
   return AnswerOf(box.exec());
 }
 

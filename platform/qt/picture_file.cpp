@@ -22,7 +22,7 @@ namespace {
 
 using drawing = std::function<void(painter&)>;
 
-constexpr const char* kTitle = "Mardel design";
+constexpr QLatin1StringView kTitle("Mardel design");
 constexpr int kPixelsPerInch = 96;
 constexpr int kPdfDotsPerInch = 1200;
 constexpr double kPointsPerInch = 72;

@@ -1,11 +1,14 @@
 #include "platform/qt/qt_desktop.h"
 
 #include <QClipboard>
+#include <QElapsedTimer>
+#include <QThread>
+#include <QWindow>
+#include <algorithm>
 #include <cstdlib>
 #include <utility>
 
 #include "platform/files.h"
-#include "platform/qt/gadget_widgets.h"
 #include "platform/qt/message_box.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/requester.h"
@@ -14,12 +17,13 @@ namespace mardel {
 
 qt_desktop::qt_desktop(int& argument_count, char** arguments)
     : application_(argument_count, arguments), metrics_(layouts_) {
-  QApplication::setApplicationName("mardel");
-  QApplication::setDesktopFileName("com.quillonworks.Mardel");
+  QApplication::setApplicationName(QStringLiteral("mardel"));
+  QApplication::setDesktopFileName(QStringLiteral("com.quillonworks.Mardel"));
   QApplication::setQuitOnLastWindowClosed(false);
 }
 
 answer qt_desktop::ShowMessage(const message& shown) {
+  WaitForFrame();
   PaintNow();
   QWidget* const active = QApplication::activeWindow();
   const answer given = ShowMessageBox(active != nullptr ? active : frame_.get(), shown);
@@ -87,12 +91,44 @@ int qt_desktop::OpenWindow(const window& contents) {
   auto opened = std::make_unique<secondary_window>(
       contents, *frame_,
       secondary_window_sink{
-          [this, number](int gadget_id) { Deliver(gadget_used{number, gadget_id}); },
-          [this, number] { Deliver(window_close_requested{number}); }});
+          .used =
+              [this, number](int gadget_id) {
+                Deliver(gadget_used{number, gadget_id});
+              },
+          .close_requested = [this, number] { Deliver(window_close_requested{number}); },
+          .activated = [this] { RaiseModalWindow(); }});
+  if (opened->IsModal()) KeepAboveOthers(*opened);
   opened->show();
   opened->activateWindow();
   windows_.emplace(number, std::move(opened));
   return number;
+}
+
+// Where the desktop keeps a window above the one that it belongs to, it stays above the last window
+// that is not modal as well.
+void qt_desktop::KeepAboveOthers(secondary_window& modal) {
+  const auto below = std::find_if(windows_.rbegin(), windows_.rend(),
+                                  [](const auto& each) { return !each.second->IsModal(); });
+  if (below == windows_.rend()) return;
+  modal.winId();  // makes its handle
+  modal.windowHandle()->setTransientParent(below->second->windowHandle());
+}
+
+secondary_window* qt_desktop::ModalWindow() const {
+  const auto found = std::find_if(windows_.rbegin(), windows_.rend(),
+                                  [](const auto& each) { return each.second->IsModal(); });
+  return found == windows_.rend() ? nullptr : found->second.get();
+}
+
+// Not over a message box or a requester, which belongs to it.
+void qt_desktop::RaiseModalWindow() {
+  secondary_window* const modal = ModalWindow();
+  if (modal != nullptr && QApplication::activeModalWidget() == nullptr) modal->raise();
+}
+
+void qt_desktop::BringModalWindow() {
+  RaiseModalWindow();
+  if (secondary_window* const modal = ModalWindow()) modal->activateWindow();
 }
 
 // The window may be the sender of the event that is being handled, so it goes when that is over.
@@ -106,27 +142,29 @@ void qt_desktop::CloseWindow(int number) {
 }
 
 std::string qt_desktop::GadgetText(int number, int gadget_id) const {
-  const QWidget* const found = FindGadget(number, gadget_id);
-  return found == nullptr ? std::string() : TextOf(*found);
+  const secondary_window* const found = FindWindow(number);
+  return found == nullptr ? std::string() : found->Gadgets().Text(gadget_id);
 }
 
 void qt_desktop::SetGadgetText(int number, int gadget_id, const std::string& text) {
-  QWidget* const found = FindGadget(number, gadget_id);
-  if (found != nullptr) SetTextOf(*found, text);
+  secondary_window* const found = FindWindow(number);
+  if (found != nullptr) found->Gadgets().SetText(gadget_id, text);
 }
 
 bool qt_desktop::GadgetChecked(int number, int gadget_id) const {
-  const QWidget* const found = FindGadget(number, gadget_id);
-  return found != nullptr && IsChecked(*found);
+  const secondary_window* const found = FindWindow(number);
+  return found != nullptr && found->Gadgets().IsChecked(gadget_id);
 }
 
 int qt_desktop::SelectedTreeItem(int number, int gadget_id) const {
-  const QWidget* const found = FindGadget(number, gadget_id);
-  return found == nullptr ? -1 : SelectedItem(*found);
+  const secondary_window* const found = FindWindow(number);
+  return found == nullptr ? -1 : found->Gadgets().SelectedTreeItem(gadget_id);
 }
 
+// The toolkit disables a window's other windows with it.
 void qt_desktop::DisableMainWindow() {
   frame_->setEnabled(false);
+  for (const auto& [number, shown] : windows_) shown->setEnabled(true);
 }
 
 void qt_desktop::EnableMainWindow() {
@@ -138,7 +176,8 @@ void qt_desktop::EnableMainWindow() {
 
 void qt_desktop::OpenMainWindow(const main_window& contents) {
   frame_ = std::make_unique<main_frame>(
-      contents, [this](const event& happened) { Deliver(happened); }, layouts_);
+      contents, [this](const event& happened) { Deliver(happened); },
+      [this] { BringModalWindow(); }, layouts_);
   frame_->show();
 }
 
@@ -174,14 +213,26 @@ void qt_desktop::Deliver(const event& happened) {
   if (!goes_on) QApplication::exit(EXIT_SUCCESS);
 }
 
+// A box that comes before the first event is centred on the main window once that has its place.
+void qt_desktop::WaitForFrame() {
+  constexpr qint64 kLongest = 1000;  // milliseconds
+  if (handle_ || frame_ == nullptr) return;
+  QElapsedTimer waited;
+  waited.start();
+  while (!frame_->windowHandle()->isExposed() && !waited.hasExpired(kLongest)) {
+    PaintNow();
+    QThread::msleep(1);
+  }
+}
+
 // So that the canvas is right behind a box, a requester, or while a tool runs.
 void qt_desktop::PaintNow() {
   QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
-QWidget* qt_desktop::FindGadget(int number, int gadget_id) const {
+secondary_window* qt_desktop::FindWindow(int number) const {
   const auto found = windows_.find(number);
-  return found == windows_.end() ? nullptr : found->second->Find(gadget_id);
+  return found == windows_.end() ? nullptr : found->second.get();
 }
 
 }  // namespace mardel

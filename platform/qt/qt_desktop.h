@@ -49,7 +49,12 @@ class qt_desktop : public desktop {
  private:
   void Deliver(const event& happened);
   void PaintNow();
-  QWidget* FindGadget(int number, int gadget_id) const;
+  void WaitForFrame();
+  secondary_window* FindWindow(int number) const;
+  secondary_window* ModalWindow() const;
+  void KeepAboveOthers(secondary_window& modal);
+  void RaiseModalWindow();
+  void BringModalWindow();
 
   QApplication application_;
   text_layouts layouts_;

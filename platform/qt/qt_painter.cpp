@@ -65,7 +65,9 @@ qt_painter::qt_painter(QPainter& target, const QRectF& visible, text_layouts& la
       layouts_(layouts) {
   const QTransform to_device = target.deviceTransform();
   scale_ = to_device.m11();
-  shift_ = {to_device.dx(), to_device.dy()};
+  shift_ = {std::round(to_device.dx()), std::round(to_device.dy())};
+  // Where the canvas starts between two device pixels all of it moves by the same fraction.
+  target_.translate((shift_.x() - to_device.dx()) / scale_, (shift_.y() - to_device.dy()) / scale_);
   target_.setRenderHint(QPainter::Antialiasing, false);
 }
 

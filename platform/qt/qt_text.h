@@ -20,7 +20,7 @@ QString OneLine(std::string_view text);
 // One line for a menu, a button or a check box, where the toolkit would take "&" for a mnemonic.
 QString ButtonText(std::string_view text);
 
-// Plain text for a tooltip, where the toolkit would guess at markup.
+// For a tooltip: plain text in lines of bounded width, where the toolkit would guess at markup.
 QString TooltipText(std::string_view text);
 
 // For a window's title, where the toolkit would take "[*]" for a mark of changes.

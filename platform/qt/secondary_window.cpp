@@ -1,15 +1,14 @@
 #include "platform/qt/secondary_window.h"
 
 #include <QCloseEvent>
-#include <QLabel>
-#include <QPlainTextEdit>
 #include <QScreen>
 #include <QScrollArea>
-#include <QStyle>
+#include <QScrollBar>
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
-#include "platform/qt/gadget_widgets.h"
+#include "platform/qt/dialog_scale.h"
 #include "platform/qt/qt_text.h"
 
 namespace mardel {
@@ -17,98 +16,70 @@ namespace {
 
 constexpr int kScreenMargin = 60;  // for the desktop's panels and the window's frame
 
-bool IsLabel(const gadget& described) {
-  return described.kind == gadget_kind::kLabel || described.kind == gadget_kind::kRightLabel ||
-         described.kind == gadget_kind::kCentredLabel;
-}
-
-bool TakesText(const gadget& described) {
-  return described.kind == gadget_kind::kTextField || described.kind == gadget_kind::kEditor;
-}
-
-// The label that stands left of a field, which says what the field is for; null for none.
-const gadget* LabelOf(const window& contents, const gadget& field) {
-  const gadget* nearest = nullptr;
-  for (const gadget& each : contents.gadgets) {
-    const bool is_beside = IsLabel(each) && each.place.x < field.place.x &&
-                           each.place.y < field.place.y + field.place.height &&
-                           field.place.y < each.place.y + each.place.height;
-    if (is_beside && (nearest == nullptr || each.place.x > nearest->place.x)) nearest = &each;
-  }
-  return nearest;
-}
-
-void BindLabel(QWidget& label, QWidget& field) {
-  auto* const shown = dynamic_cast<QLabel*>(&label);
-  // The toolkit takes "&" in the text of a bound label for a mnemonic.
-  if (shown != nullptr && !shown->text().contains('&')) shown->setBuddy(&field);
-}
-
-int BottomOf(const window& contents) {
-  std::int64_t bottom = contents.height;
-  for (const gadget& each : contents.gadgets) {
-    bottom = std::max(bottom, each.place.y + each.place.height + 1);
-  }
-  return static_cast<int>(bottom);
-}
-
 }  // namespace
 
 secondary_window::secondary_window(const mardel::window& contents, QWidget& owner,
                                    secondary_window_sink heard)
-    : QDialog(&owner), heard_(std::move(heard)) {
+    : QDialog(&owner),
+      heard_(std::move(heard)),
+      modality_(contents.modality),
+      scale_(DialogScale()) {
+  setFont(DialogFont(scale_));
   setWindowTitle(TitleText(contents.title));
-  AddGadgets(contents, MakeBody(contents));
+  const int room = owner.screen()->availableGeometry().height() - kScreenMargin;
+  if (BottomOf(contents) <= contents.height && Scaled(contents.height, scale_) <= room) {
+    ShowInWindow(contents);
+  } else {
+    ShowScrolling(contents, room);
+  }
+  panel_->FocusFirstField();
 }
 
-// The gadgets stand in the window itself, or in a scroll area when they or the window are too high.
-QWidget& secondary_window::MakeBody(const mardel::window& contents) {
-  const int room = parentWidget()->screen()->availableGeometry().height() - kScreenMargin;
-  const int inner_height = BottomOf(contents);
-  const int outer_height = std::min(contents.height, room);
-  if (inner_height <= outer_height) {
-    setFixedSize(contents.width, contents.height);
-    return *this;
+void secondary_window::ShowInWindow(const mardel::window& contents) {
+  panel_ = new gadget_panel(contents, scale_, *this, heard_.used);
+  panel_->MakeAll();
+  const QSize size(Scaled(contents.width, scale_), Scaled(contents.height, scale_));
+  if (contents.sizing == window_sizing::kFixed) {
+    setFixedSize(size);
+  } else {
+    setMinimumSize(size / 2);
+    resize(size);
   }
+}
+
+// The gadgets, or the window, are higher than there is room. The scroll bar takes of the width.
+void secondary_window::ShowScrolling(mardel::window contents, int room) {
   auto* const area = new QScrollArea(this);
-  auto* const body = new QWidget;
-  const int bar = area->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-  setFixedSize(contents.width + bar, outer_height);
+  setFixedSize(Scaled(contents.width, scale_), std::min(Scaled(contents.height, scale_), room));
   area->setGeometry(rect());
   area->setFrameShape(QFrame::NoFrame);
   area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   area->setFocusPolicy(Qt::NoFocus);
-  body->setFixedSize(contents.width, inner_height);
-  area->setWidget(body);
-  return *body;
+  QScrollBar* const bar = area->verticalScrollBar();
+  contents.width -= static_cast<int>(std::ceil(bar->sizeHint().width() / scale_));
+  const QSize size(Scaled(contents.width, scale_), Scaled(BottomOf(contents), scale_));
+  panel_ = new gadget_panel(std::move(contents), scale_, *this, heard_.used);
+  panel_->setFixedSize(size.boundedTo(QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX)));
+  area->setWidget(panel_);
+  const auto make_rows = [this](int top) { panel_->MakeRows(top, top + height()); };
+  QObject::connect(bar, &QScrollBar::valueChanged, panel_, make_rows);
+  make_rows(0);
 }
 
-void secondary_window::AddGadgets(const mardel::window& contents, QWidget& body) {
-  std::unordered_map<const gadget*, QWidget*> made;
-  for (const gadget& described : contents.gadgets) {
-    QWidget* const added = MakeGadget(described, body, contents, heard_.used);
-    made.emplace(&described, added);
-    if (described.id != 0) gadgets_.emplace(described.id, added);
-  }
-  bool has_focus = false;
-  for (const gadget& described : contents.gadgets) {
-    if (!TakesText(described)) continue;
-    QWidget& field = *made.at(&described);
-    const gadget* const label = LabelOf(contents, described);
-    field.setAccessibleName(OneLine(label == nullptr ? contents.title : label->text));
-    if (label != nullptr) BindLabel(*made.at(label), field);
-    if (!std::exchange(has_focus, true)) field.setFocus(Qt::TabFocusReason);
-  }
-}
-
-QWidget* secondary_window::Find(int gadget_id) const {
-  const auto found = gadgets_.find(gadget_id);
-  return found == gadgets_.end() ? nullptr : found->second;
+bool secondary_window::event(QEvent* happened) {
+  if (happened->type() == QEvent::WindowActivate) heard_.activated();
+  return QDialog::event(happened);
 }
 
 void secondary_window::closeEvent(QCloseEvent* happened) {
   happened->ignore();
   heard_.close_requested();
+}
+
+void secondary_window::resizeEvent(QResizeEvent* happened) {
+  QDialog::resizeEvent(happened);
+  if (panel_->parentWidget() == this) panel_->setGeometry(rect());
 }
 
 }  // namespace mardel

@@ -3,16 +3,16 @@
 
 #include <QDialog>
 #include <functional>
-#include <string>
-#include <unordered_map>
 
+#include "platform/qt/gadget_panel.h"
 #include "platform/ui.h"
 
 namespace mardel {
 
 struct secondary_window_sink {
-  std::function<void(int gadget_id)> used;
+  gadget_sink used;
   std::function<void()> close_requested;  // the title bar's button, or Escape
+  std::function<void()> activated;        // got the keyboard
 };
 
 // Closes only when it is destroyed: the program decides.
@@ -20,20 +20,25 @@ class secondary_window : public QDialog {
  public:
   secondary_window(const mardel::window& contents, QWidget& owner, secondary_window_sink heard);
 
-  // Null for an id that no gadget has.
-  QWidget* Find(int gadget_id) const;
+  gadget_panel& Gadgets() { return *panel_; }
+  const gadget_panel& Gadgets() const { return *panel_; }
+  bool IsModal() const { return modality_ == window_modality::kModal; }
 
   void reject() override { heard_.close_requested(); }
 
  protected:
+  bool event(QEvent* happened) override;
   void closeEvent(QCloseEvent* happened) override;
+  void resizeEvent(QResizeEvent* happened) override;
 
  private:
-  QWidget& MakeBody(const mardel::window& contents);
-  void AddGadgets(const mardel::window& contents, QWidget& body);
+  void ShowInWindow(const mardel::window& contents);
+  void ShowScrolling(mardel::window contents, int room);
 
   secondary_window_sink heard_;
-  std::unordered_map<int, QWidget*> gadgets_;  // children of this
+  window_modality modality_;
+  double scale_;
+  gadget_panel* panel_ = nullptr;  // a child of this
 };
 
 }  // namespace mardel

@@ -10,7 +10,7 @@ namespace mardel {
 class status_field : public QWidget {
  public:
   explicit status_field(int number) {
-    setObjectName(QString("status_%1").arg(number));
+    setObjectName(QStringLiteral("status_%1").arg(number));
     setMinimumHeight(fontMetrics().height() + 4);
     Show({});
   }

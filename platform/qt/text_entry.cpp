@@ -10,9 +10,10 @@ namespace mardel {
 namespace {
 
 constexpr int kMostCharacters = 1 << 20;
+constexpr std::size_t kMostShown = 1 << 18;  // bytes, which may be as many lines
 
 bool IsLineBreak(QChar c) {
-  return c == '\n' || c == '\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+  return c == u'\n' || c == u'\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
 }
 
 bool HasHugeWord(const QString& text) {
@@ -49,8 +50,18 @@ QValidator::State one_line_filter::validate(QString& typed, int& cursor) const {
 text_field::text_field(const std::string& text, QWidget& parent) : QLineEdit(&parent) {
   setMaxLength(kMostCharacters);
   setValidator(new one_line_filter(this));
+  SetText(text);
+}
+
+void text_field::SetText(const std::string& text) {
+  given_ = text;
   setText(ToQt(text));
+  shown_ = this->text();
   setCursorPosition(0);
+}
+
+std::string text_field::Text() const {
+  return this->text() == shown_ ? given_ : FromQt(this->text());
 }
 
 text_editor::text_editor(const std::string& text, QWidget& parent) : QPlainTextEdit(&parent) {
@@ -59,7 +70,10 @@ text_editor::text_editor(const std::string& text, QWidget& parent) : QPlainTextE
 }
 
 void text_editor::SetText(const std::string& text) {
-  const QString lines = LinesToQt(text);
+  const std::string shown = CutMiddle(text, kMostShown);
+  whole_ = shown == text ? std::string() : text;
+  if (!whole_.empty()) setReadOnly(true);
+  const QString lines = LinesToQt(shown);
   // Where lines may break between words only, a word takes the square of its length.
   setWordWrapMode(HasHugeWord(lines) ? QTextOption::WrapAnywhere
                                      : QTextOption::WrapAtWordBoundaryOrAnywhere);
@@ -68,9 +82,10 @@ void text_editor::SetText(const std::string& text) {
 
 // Not toPlainText(), which turns no-break spaces into spaces.
 std::string text_editor::Text() const {
+  if (!whole_.empty()) return whole_;
   QString text = document()->toRawText();
   for (QChar& c : text) {
-    if (IsLineBreak(c)) c = '\n';
+    if (IsLineBreak(c)) c = u'\n';
   }
   return DropUnstorable(FromQt(text));
 }

@@ -19,8 +19,17 @@ class one_line_filter : public QValidator {
 class text_field : public QLineEdit {
  public:
   text_field(const std::string& text, QWidget& parent);
+  void SetText(const std::string& text);
+  // As it was set, whatever it holds, unless it was edited.
+  std::string Text() const;
+
+ private:
+  std::string given_;
+  QString shown_;  // of it
 };
 
+// Of a text so long that the toolkit would take seconds and gigabytes to lay it out the editor
+// shows the beginning and the end, takes no change, and gives the whole text back.
 class text_editor : public QPlainTextEdit {
  public:
   text_editor(const std::string& text, QWidget& parent);
@@ -30,6 +39,9 @@ class text_editor : public QPlainTextEdit {
 
  protected:
   void insertFromMimeData(const QMimeData* pasted) override;
+
+ private:
+  std::string whole_;  // of a text that is shown in part
 };
 
 }  // namespace mardel

@@ -15,6 +15,18 @@ constexpr double kLineWidth = -1;
 constexpr std::size_t kMostTexts = 2048;
 constexpr std::size_t kMostBytes = 1 << 18;
 constexpr std::size_t kMostParagraph = 1 << 20;  // bytes, many times what can be seen
+constexpr int kMostLines = static_cast<int>(kTallestParagraph);  // each is a pixel high or more
+
+// What of a paragraph can be on the canvas.
+std::string_view Seen(std::string_view text) {
+  text = text.substr(0, kMostParagraph);
+  int lines = 0;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if ((text[at] == '\n' || text[at] == '\r') && ++lines > 2 * kMostLines)
+      return text.substr(0, at);
+  }
+  return text;
+}
 
 std::unique_ptr<QTextLayout> LayOut(const QString& text, const QFont& font, double width,
                                     const QTextOption& option) {
@@ -38,7 +50,7 @@ std::unique_ptr<QTextLayout> LayOut(const QString& text, const QFont& font, doub
 }  // namespace
 
 QFont CanvasFont() {
-  QFont font("Arial");
+  QFont font(QStringLiteral("Arial"));
   font.setPixelSize(static_cast<int>(kCanvasTextSize));
   // The same widths at every scale factor, so that a block is as wide on every screen.
   font.setHintingPreference(QFont::PreferNoHinting);
@@ -49,7 +61,7 @@ text_layouts::text_layouts() : font_(CanvasFont()) {
   // Notes of a script that runs to the left stay within the place that a click is tested against.
   paragraph_option_.setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);
   paragraph_option_.setTextDirection(Qt::LeftToRight);
-  paragraph_option_.setTabStopDistance(8 * QFontMetricsF(font_).horizontalAdvance('x'));
+  paragraph_option_.setTabStopDistance(8 * QFontMetricsF(font_).horizontalAdvance(u'x'));
   line_option_ = paragraph_option_;
   line_option_.setWrapMode(QTextOption::NoWrap);
   paragraph_option_.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
@@ -60,7 +72,7 @@ const QTextLayout& text_layouts::Line(std::string_view text) {
 }
 
 const QTextLayout& text_layouts::Paragraph(std::string_view text, double width) {
-  return Find(text.substr(0, kMostParagraph), std::clamp(width, 1.0, kWidest), paragraph_option_);
+  return Find(Seen(text), std::clamp(width, 1.0, kWidest), paragraph_option_);
 }
 
 const QTextLayout& text_layouts::Find(std::string_view text, double width,
@@ -69,7 +81,7 @@ const QTextLayout& text_layouts::Find(std::string_view text, double width,
   if (found != kept_.end() && found->second.width == width) return *found->second.layout;
   const bool is_line = width == kLineWidth;
   const QString shown =
-      is_line ? OneLine(text) : LinesToQt(text).replace('\n', QChar::LineSeparator);
+      is_line ? OneLine(text) : LinesToQt(text).replace(u'\n', QChar::LineSeparator);
   auto layout = LayOut(shown, font_, is_line ? kWidest : width, option);
   if (found != kept_.end()) {
     found->second = {width, std::move(layout)};

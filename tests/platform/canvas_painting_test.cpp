@@ -38,12 +38,13 @@ const scaled_case kScales[] = {
 
 class canvas_painting_test : public testing::Test {
  protected:
-  // Draws on 16 x 16 canvas pixels.
+  // Draws on 16 x 16 canvas pixels, which start `shift` beside a device pixel.
   template <class action>
-  QImage Draw(double scale, action draw) {
+  QImage Draw(double scale, action draw, double shift = 0) {
     const int size = static_cast<int>(16 * scale);
     QImage image(size, size, QImage::Format_RGB32);
     QPainter target(&image);
+    target.translate(shift, shift);
     target.scale(scale, scale);
     qt_painter drawn(target, QRectF(0, 0, 16, 16), layouts);
     drawn.FillBackground(Rgba(220, 220, 220));
@@ -103,6 +104,15 @@ TEST_F(canvas_painting_test, SmoothsSlantingLines) {
   EXPECT_GT(shades.size(), 3U);
 }
 
+TEST_F(canvas_painting_test, IsTheSameBetweenDevicePixels) {
+  const auto draw = [](painter& p) {
+    const line slanting[] = {{{0, 0}, {16, 5}}};
+    p.Lines(slanting, {kBlack, 2.0});
+    p.Text({1, 1}, "M", kBlack);
+  };
+  EXPECT_EQ(Draw(1.25, draw, 0.25), Draw(1.25, draw));
+}
+
 TEST_F(canvas_painting_test, CutsAParagraphAtItsBox) {
   const QImage image = Draw(1, [](painter& p) { p.Paragraph({0, 0, 16, 9}, "MMM\nMMM", kBlack); });
   int last = 0;  // row that is marked
@@ -140,6 +150,8 @@ TEST_F(canvas_painting_test, MeasuresWhatItDraws) {
     EXPECT_GE(height, kTallestParagraph);
     EXPECT_LE(height, kTallestParagraph + 2 * line);
   }
+  // The tab leads to the place of the eighth "x".
+  EXPECT_NEAR(metrics.VisibleWidth("a\tb "), 8 * metrics.Width("x") + metrics.Width("b"), 2.0);
   EXPECT_EQ(metrics.VisibleWidth("   "), 0.0);
   EXPECT_NEAR(metrics.VisibleWidth("MR5  "), metrics.Width("MR5"), 2.0);
   EXPECT_NEAR(metrics.Width("MR5  ") - metrics.Width("MR5"), 2 * metrics.Width(" "), 0.1);

@@ -11,6 +11,7 @@
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QScreen>
+#include <QScrollBar>
 #include <QTimer>
 #include <variant>
 
@@ -108,6 +109,16 @@ TEST_F(desktop_test, DeliversMouseAndKeysOnce) {
                      "interrupted", "mouse 3 at 1,2", "key 127", "key 127"}));
 }
 
+TEST_F(desktop_test, TheCanvasKeepsTheKeyboard) {
+  for (auto* bar : Find<QMainWindow>()->findChildren<QScrollBar*>()) {
+    QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), bar->mapToGlobal(QPointF(5, 5)),
+                      Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(bar, &press);
+  }
+  Key(Find<canvas>(), Qt::Key_Tab);
+  EXPECT_EQ(Find<QMainWindow>()->focusWidget(), Find<canvas>());
+}
+
 TEST_F(desktop_test, HandlesOneEventAtATime) {
   strings order;
   QTimer::singleShot(0, [] { Key(Find<canvas>(), Qt::Key_Delete); });
@@ -183,10 +194,11 @@ TEST_F(desktop_test, LeavesTheClosingOfAWindowToTheProgram) {
   const strings heard = Hear([&] {
     const int number = desk.OpenWindow(contents);
     auto* const made = Find<secondary_window>();
-    EXPECT_EQ(made->focusWidget(), made->Find(3));
-    desk.SetGadgetText(number, 3, "a\x01z\n");
-    EXPECT_EQ(desk.GadgetText(number, 3), "az");
-    Key(made->Find(3), Qt::Key_Return);
+    EXPECT_EQ(made->focusWidget(), made->Gadgets().Find(3));
+    desk.DisableMainWindow();
+    Find<QMainWindow>()->close();  // not while the window is open
+    desk.EnableMainWindow();
+    Key(made->Gadgets().Find(3), Qt::Key_Return);
     Key(made, Qt::Key_Escape);
     made->close();
     EXPECT_TRUE(made->isVisible());

@@ -4,6 +4,7 @@
 
 #include <QCheckBox>
 #include <QClipboard>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -13,11 +14,15 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QTextEdit>
 #include <QTimer>
+#include <QWindow>
+#include <cmath>
 
 #include "platform/qt/gadget_fitting.h"
 #include "platform/qt/secondary_window.h"
 #include "tests/platform/toolkit.h"
+#include "tests/support/files.h"
 
 namespace mardel {
 namespace {
@@ -69,11 +74,11 @@ TEST_F(gadgets_test, DropWhatAFileCannotHold) {
     QApplication::clipboard()->setText(QString::fromUtf8("a\x01\n<b>\uFFFE&\u2028z"));
     for (const int id : {1, 2}) {
       desk.SetGadgetText(number, id, "");
-      Press(*made.Find(id), Qt::Key_V, Qt::ControlModifier);
+      Press(*made.Gadgets().Find(id), Qt::Key_V, Qt::ControlModifier);
     }
     EXPECT_EQ(desk.GadgetText(number, 1), "a<b>&z");
     EXPECT_EQ(desk.GadgetText(number, 2), "a\n<b>&\nz");
-    Press(*made.Find(2), Qt::Key_Return);
+    Press(*made.Gadgets().Find(2), Qt::Key_Return);
     EXPECT_EQ(desk.GadgetText(number, 2), "a\n<b>&\nz\n");
   });
 }
@@ -88,28 +93,30 @@ TEST_F(gadgets_test, FollowTheKeyboard) {
                                        Make(5, gadget_kind::kCheckBox, {10, 99, 60, 25}, "R&D")};
   WithWindow(gadgets, 200, [this](int number, secondary_window& made) {
     std::vector<QWidget*> tabbed;
-    for (QWidget* next = made.Find(1); tabbed.size() < 4; next = next->nextInFocusChain()) {
+    for (QWidget* next = made.Gadgets().Find(1); tabbed.size() < 4;
+         next = next->nextInFocusChain()) {
       if (next->focusPolicy() & Qt::TabFocus) tabbed.push_back(next);
     }
-    EXPECT_EQ(tabbed, (std::vector{made.Find(1), made.Find(2), made.Find(3), made.Find(4)}));
-    EXPECT_EQ(dynamic_cast<QLineEdit*>(made.Find(1))->selectedText(), "old");
-    EXPECT_EQ(made.Find(1)->accessibleName(), "Left:");
-    EXPECT_EQ(made.Find(2)->accessibleName(), "R&D:");
+    EXPECT_EQ(tabbed, (std::vector{made.Gadgets().Find(1), made.Gadgets().Find(2),
+                                   made.Gadgets().Find(3), made.Gadgets().Find(4)}));
+    EXPECT_EQ(dynamic_cast<QLineEdit*>(made.Gadgets().Find(1))->selectedText(), "old");
+    EXPECT_EQ(made.Gadgets().Find(1)->accessibleName(), "Left:");
+    EXPECT_EQ(made.Gadgets().Find(2)->accessibleName(), "R&D:");
     for (const auto* label : made.findChildren<QLabel*>()) {
       const bool is_literal = label->text().contains('&');
-      EXPECT_EQ(label->buddy(), is_literal ? nullptr : made.Find(1));
+      EXPECT_EQ(label->buddy(), is_literal ? nullptr : made.Gadgets().Find(1));
     }
     std::vector<QString> pressed;
     for (const int id : {3, 4}) {
-      auto* const button = dynamic_cast<QPushButton*>(made.Find(id));
+      auto* const button = dynamic_cast<QPushButton*>(made.Gadgets().Find(id));
       QObject::connect(button, &QPushButton::clicked,
                        [&, button] { pressed.push_back(button->text()); });
     }
-    Press(*made.Find(2), Qt::Key_Return);
-    made.Find(4)->setFocus();
-    Press(*made.Find(4), Qt::Key_Return);
+    Press(*made.Gadgets().Find(2), Qt::Key_Return);
+    made.Gadgets().Find(4)->setFocus();
+    Press(*made.Gadgets().Find(4), Qt::Key_Return);
     EXPECT_EQ(pressed, (std::vector<QString>{"OK", "Cancel"}));
-    auto* const box = dynamic_cast<QCheckBox*>(made.Find(5));
+    auto* const box = dynamic_cast<QCheckBox*>(made.Gadgets().Find(5));
     EXPECT_EQ(box->text(), "R&&D");  // as the toolkit writes a literal "&"
     EXPECT_FALSE(desk.GadgetChecked(number, 5));
     box->click();
@@ -117,17 +124,60 @@ TEST_F(gadgets_test, FollowTheKeyboard) {
   });
 }
 
-TEST_F(gadgets_test, StayWithinReachOnALowScreen) {
+TEST_F(gadgets_test, AreMadeAsTheyComeIntoSight) {
   const std::int64_t screen = QGuiApplication::primaryScreen()->availableGeometry().height();
-  const std::vector<gadget> gadgets = {
-      Make(2, gadget_kind::kTextField, {10, 10, 60, 25}, ""),
-      Make(1, gadget_kind::kButton, {10, 3 * screen, 60, 25}, "OK")};
-  WithWindow(gadgets, static_cast<int>(3 * screen + 100),
-             [screen](int /*number*/, secondary_window& made) {
-               EXPECT_LE(made.height(), screen);
-               Press(*made.Find(2), Qt::Key_Tab);
-               EXPECT_FALSE(made.Find(1)->visibleRegion().isEmpty());
-             });
+  std::vector<gadget> gadgets;
+  for (int i = 0; i < 20'000; i += 2) {
+    gadgets.push_back(Make(i + 1, gadget_kind::kTextField, {100, 20 * i, 60, 20}, "a\nb"));
+    gadgets.push_back(Make(i + 2, gadget_kind::kCheckBox, {10, 20 * i, 60, 20}, ""));
+  }
+  gadgets.push_back(Make(30'000, gadget_kind::kButton, {10, 400'000, 60, 25}, "OK"));
+  WithWindow(gadgets, 400'100, [&](int number, secondary_window& made) {
+    EXPECT_EQ(made.width(), 300);
+    EXPECT_LE(made.height(), screen);
+    EXPECT_LT(made.findChildren<QWidget*>().size(), screen);
+    EXPECT_EQ(desk.GadgetText(number, 19'999), "a\nb");  // as it is, made or not
+    EXPECT_EQ(desk.GadgetText(number, 1), "a\nb");
+    EXPECT_FALSE(desk.GadgetChecked(number, 20'000));
+    // By Tab, and back from the end, to the next in the table.
+    QWidget* at = made.focusWidget();
+    for (int i = 1; i < 200; ++i) {
+      EXPECT_EQ(at, made.Gadgets().Find(i)) << i;
+      Press(*at, Qt::Key_Tab);
+      at = made.focusWidget();
+      EXPECT_FALSE(at->visibleRegion().isEmpty()) << i;
+    }
+    made.Gadgets().Find(1)->setFocus();
+    Press(*made.focusWidget(), Qt::Key_Backtab);
+    EXPECT_EQ(made.focusWidget(), made.Gadgets().Find(30'000));
+    Press(*made.focusWidget(), Qt::Key_Backtab);
+    auto* const last = dynamic_cast<QCheckBox*>(made.focusWidget());
+    ASSERT_NE(last, nullptr);
+    last->click();
+    EXPECT_TRUE(desk.GadgetChecked(number, 20'000));
+  });
+}
+
+TEST_F(gadgets_test, GrowWithTheFontOfTheDesktop) {
+  const QFont usual = QApplication::font();
+  const std::pair<int, double> cases[] = {{9, 1.0}, {10, 1.0}, {14, 1.4}, {18, 1.8}};
+  for (const auto& [points, scale] : cases) {
+    QFont font = usual;
+    font.setPointSize(points);
+    QApplication::setFont(font);
+    const std::vector<gadget> gadgets = {
+        Make(1, gadget_kind::kLabel, {20, 20, 250, 25}, "What to do when you select this:"),
+        Make(2, gadget_kind::kOption, {40, 40, 250, 25}, "No board")};
+    WithWindow(gadgets, 200, [scale = scale](int /*number*/, secondary_window& made) {
+      EXPECT_EQ(made.width(), std::lround(300 * scale));
+      const auto* const label = dynamic_cast<QLabel*>(made.Gadgets().Find(1));
+      EXPECT_EQ(label->text(), "What to do when you select this:");
+      EXPECT_EQ(label->y(), std::lround(20 * scale));
+      EXPECT_EQ(label->font().pixelSize(), static_cast<int>(16 * scale));
+      EXPECT_EQ(label->font().family(), "Arial Narrow");
+    });
+  }
+  QApplication::setFont(usual);
 }
 
 TEST_F(gadgets_test, WorkWhileTheMainWindowIsDisabled) {
@@ -136,10 +186,10 @@ TEST_F(gadgets_test, WorkWhileTheMainWindowIsDisabled) {
   desk.DisableMainWindow();
   EXPECT_FALSE(Find<QMainWindow>()->isEnabled());
   const int number = desk.OpenWindow({"Modal", 200, 100, gadgets});
-  for (const auto* each : Find<QMainWindow>()->findChildren<QDialog*>()) {
-    EXPECT_EQ(each->isEnabled(), each->windowTitle() == "Modal")
-        << each->windowTitle().toStdString();
-  }
+  const auto windows = Find<QMainWindow>()->findChildren<QDialog*>();
+  for (const auto* each : windows) EXPECT_TRUE(each->isEnabled());
+  ASSERT_EQ(windows.size(), 2);
+  EXPECT_EQ(windows[1]->windowHandle()->transientParent(), windows[0]->windowHandle());
   WithBox({"T", "x"}, [](QMessageBox& box) {
     EXPECT_TRUE(box.isEnabled());
     box.close();
@@ -148,6 +198,7 @@ TEST_F(gadgets_test, WorkWhileTheMainWindowIsDisabled) {
   desk.CloseWindow(earlier);
   desk.EnableMainWindow();
   EXPECT_TRUE(Find<QMainWindow>()->isEnabled());
+  QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 TEST_F(gadgets_test, GrowIntoTheFreeRoomOfTheirRow) {
@@ -184,7 +235,8 @@ TEST_F(gadgets_test, BoxesAnswerEscapeByWhatChangesNothing) {
     const answer given = WithBox(shown, [](QMessageBox& box) {
       EXPECT_EQ(box.windowTitle(), "[*][*]");
       EXPECT_EQ(box.textFormat(), Qt::PlainText);
-      EXPECT_EQ(box.text(), QString::fromUtf8("<b>x</b> &y\nz\uFFFD"));
+      EXPECT_EQ(box.findChild<QTextEdit*>()->toPlainText(),
+                QString::fromUtf8("<b>x</b> &y\nz\uFFFD"));
       EXPECT_EQ(box.icon(), QMessageBox::Warning);
       Press(box, Qt::Key_Escape);
     });
@@ -195,7 +247,12 @@ TEST_F(gadgets_test, BoxesAnswerEscapeByWhatChangesNothing) {
 TEST_F(gadgets_test, BoxesOfLongTextsFitTheScreen) {
   std::string lines;
   for (int i = 0; i < 10000; ++i) lines += "line\r\n";
-  for (const std::string& text : {lines, std::string(4000, 'x'), "a " + std::string(200, 'y')}) {
+  WithBox({"T", "No file /" + std::string(800, 'y')}, [](QMessageBox& box) {
+    EXPECT_EQ(box.findChild<QPlainTextEdit*>(), nullptr);
+    EXPECT_LE(box.width(), QGuiApplication::primaryScreen()->availableSize().width());
+    Press(box, Qt::Key_Return);
+  });
+  for (const std::string& text : {lines, std::string(4000, 'x')}) {
     WithBox({"T", text}, [&text](QMessageBox& box) {
       const QSize room = QGuiApplication::primaryScreen()->availableSize();
       EXPECT_LE(box.height(), room.height());
@@ -227,12 +284,29 @@ TEST_F(gadgets_test, TextsBreakAnywhereAroundHugeWords) {
 // A library's name can be as long as its file; laid out whole it would hang the start.
 TEST_F(gadgets_test, BoxesShowTheBeginningAndTheEndOfAHugeText) {
   WithBox({"T", "first " + std::string(5'000'000, 'x') + " last"}, [](QMessageBox& box) {
-    // 6 bytes of "first " and 5 of " last" around the x; a half is 69,632 / 2 bytes.
+    // 6 bytes of "first " and 5 of " last" around the x; a half is 86,016 / 2 bytes.
     EXPECT_EQ(box.findChild<QPlainTextEdit*>()->toPlainText().toStdString(),
-              "first " + std::string(34'810, 'x') + "[... 4930379 bytes left out ...]" +
-                  std::string(34'811, 'x') + " last");
+              "first " + std::string(43'002, 'x') + "[... 4913995 bytes left out ...]" +
+                  std::string(43'003, 'x') + " last");
     Press(box, Qt::Key_Return);
   });
+}
+
+TEST_F(gadgets_test, RequestersTakeNamesAsTheyAre) {
+  const scratch_folder folder;
+  for (const std::string name : {"7\"tap.mrd", "st*r.mrd", "wh?t.mrd", "plain.mrd"}) {
+    QTimer opens;
+    QObject::connect(&opens, &QTimer::timeout, [&] {
+      auto* const requester = Find<QFileDialog>();
+      if (requester == nullptr) return;
+      opens.stop();
+      EXPECT_EQ(requester->findChild<QLineEdit*>("fileNameEdit")->text().toStdString(), name);
+      Press(*requester->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+    });
+    opens.start(0);
+    const std::string path = folder.Path() + name;
+    EXPECT_EQ(desk.AskSaveFile({"T", path, "Mardel file (*.mrd)|*.mrd"}), path);
+  }
 }
 
 TEST_F(gadgets_test, CheckMarksAreTheProgramsOwn) {
