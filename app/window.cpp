@@ -4,10 +4,12 @@
 
 #include "app/event_handling.h"
 #include "app/file_commands.h"
+#include "app/logo.h"
 #include "app/reports.h"
 #include "app/startup.h"
 #include "app/title.h"
 #include "editor/canvas_input.h"
+#include "editor/canvas_parts.h"
 #include "platform/path.h"
 
 namespace mardel {
@@ -24,7 +26,9 @@ main_window MainWindow(const program& app) {
                        .canvas_height = kCanvasHeight,
                        .scroll_step = kScrollStep,
                        .status_field_widths = {90, 0, 100, 100},
-                       .draw_canvas = {}};
+                       .draw_canvas = {},
+                       .list_canvas = [&app] { return CanvasParts(app.work.document); },
+                       .icon = LogoPng()};
   contents.draw_canvas = [&app](painter& canvas) {
     DrawDesign(
         canvas, app.work.document,
@@ -36,8 +40,8 @@ main_window MainWindow(const program& app) {
 int RunWindow(const std::string& design_path, int& argument_count, char** arguments) {
   const std::unique_ptr<desktop> desk = StartDesktop(argument_count, arguments);
   if (desk == nullptr) return 1;
-  host_process_runner runner;
-  program app({*desk, desk->Metrics(), runner});
+  const std::unique_ptr<process_runner> runner = desk->ToolRunner();
+  program app({*desk, desk->Metrics(), *runner});
   const host_facts host = ThisHost();
   ReadSettings(app, host);
   desk->OpenMainWindow(MainWindow(app));

@@ -1,5 +1,6 @@
 #include "editor/pin_dialog.h"
 
+#include <algorithm>
 #include <string_view>
 #include <unordered_map>
 
@@ -45,6 +46,24 @@ int AddRows(std::vector<gadget>& gadgets, const design& document) {
   return row;
 }
 
+// The block and the highlighted nets.
+rectangle Coloured(const design& document, std::int64_t block_id) {
+  const dvblock* const block = FindBlock(document, block_id);
+  if (block == nullptr) return {};
+  std::int64_t left = block->x;
+  std::int64_t top = block->y;
+  std::int64_t right = block->x + block->width;
+  std::int64_t bottom = block->y + block->height;
+  for (const net& wire : document.nets) {
+    if (!wire.selected) continue;
+    left = std::min({left, wire.x_1, wire.x_2});
+    top = std::min({top, wire.y_1, wire.y_2});
+    right = std::max({right, wire.x_1, wire.x_2});
+    bottom = std::max({bottom, wire.y_1, wire.y_2});
+  }
+  return {left, top, right - left, bottom - top};
+}
+
 // The highlighted nets are those that are listed.
 window PinWindow(const design& document, const pin_hit& hit) {
   window shown = {"Pin Info and Nets", 440, 260, {}};
@@ -53,6 +72,7 @@ window PinWindow(const design& document, const pin_hit& hit) {
       Caption({140, 80, 50, 20}, "Pin:"),     Label({200, 80, 200, 20}, hit.pin_name),
       Caption({150, 100, 40, 20}, "Sub:"),    Label({200, 100, 200, 25}, SubOf(document, hit.id)),
   };
+  shown.beside = Coloured(document, hit.id);
   const int rows = AddRows(shown.gadgets, document);
   // kept: the window grows by 20 a net, the rows take 30.
   shown.height += 20 * rows;

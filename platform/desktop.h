@@ -4,11 +4,14 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "platform/canvas_part.h"
 #include "platform/event.h"
 #include "platform/menu.h"
 #include "platform/painter.h"
+#include "platform/process.h"
 #include "platform/ui.h"
 
 namespace mardel {
@@ -22,6 +25,8 @@ struct main_window {
   int scroll_step = 0;                   // pixels
   std::vector<int> status_field_widths;  // pixels; 0 takes the rest of the window
   std::function<void(painter&)> draw_canvas;
+  std::function<std::vector<canvas_part>()> list_canvas;  // asked when a screen reader is there
+  std::string_view icon = {};                             // PNG bytes
 };
 
 class desktop : public ui {
@@ -31,6 +36,8 @@ class desktop : public ui {
   virtual void SetMenuBar(const std::vector<menu>& menus) = 0;
   // A key of the main window that is no menu item's shortcut, such as "Escape".
   virtual void AddShortcut(const std::string& key, int id) = 0;
+  // Runs tools while the windows stay alive; must not outlive the desktop.
+  virtual std::unique_ptr<process_runner> ToolRunner() = 0;
   // Hands each event to `handle` until it returns false; returns the process's exit code.
   virtual int Run(const std::function<bool(const event&)>& handle) = 0;
 };

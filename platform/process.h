@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,11 +38,24 @@ class process_runner {
 // are no escapes; a quote that nothing closes reaches to the end; "" is an argument without text.
 std::vector<std::string> SplitArguments(std::string_view text);
 
-// Starts real processes, with no standard input and this process's standard error. Children that a
-// tool leaves behind are not waited for. Works with and without a running desktop.
+// Where a tool's standard error goes.
+enum class tool_errors {
+  kPassedOn,  // to this process's
+  kKept,      // behind its standard output, when the tool fails; bounded like that
+};
+
+// Starts real processes, with no standard input. Children that a tool leaves behind are not waited
+// for. Arguments reach the tool byte for byte.
 class host_process_runner : public process_runner {
  public:
+  // `meanwhile` is called many times a second while a tool runs.
+  explicit host_process_runner(tool_errors errors = tool_errors::kPassedOn,
+                               std::function<void()> meanwhile = {});
   tool_result RunTool(const std::string& program, const std::string& arguments) override;
+
+ private:
+  tool_errors errors_;
+  std::function<void()> meanwhile_;
 };
 
 }  // namespace mardel

@@ -34,7 +34,10 @@ bool HasDisplay(int argument_count, char** arguments) {
 }  // namespace
 
 std::unique_ptr<desktop> StartDesktop(int& argument_count, char** arguments) {
-  if (!HasDisplay(argument_count, arguments)) return nullptr;
+  if (!HasDisplay(argument_count, arguments)) {
+    SayNoWindow();
+    return nullptr;
+  }
   QuietToolkit();
   // Asking the session bus for a global menu bar costs a start more than all the menus.
 #if !defined(Q_OS_DARWIN)

@@ -1,5 +1,6 @@
 #include "platform/qt/canvas.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
@@ -15,6 +16,18 @@ namespace mardel {
 namespace {
 
 constexpr int kTenthOfStep = 12;  // eighths of a degree, as wheels report them
+
+constexpr int kEdge = 16;            // pixels inside what is shown where a drag scrolls
+constexpr int kMostScroll = 40;      // pixels at once
+constexpr int kScrollInterval = 30;  // milliseconds
+
+// How far a drag at `at` scrolls, when the canvas is shown from `low` to `high`.
+int EdgeScroll(double at, int low, int high) {
+  const double beyond = at < low + kEdge    ? at - (low + kEdge)
+                        : at > high - kEdge ? at - (high - kEdge)
+                                            : 0.0;
+  return static_cast<int>(std::clamp<double>(beyond, -kMostScroll, kMostScroll));
+}
 
 struct arrow_key {
   int key;
@@ -40,8 +53,11 @@ void PaintOverlay(painter& target, const overlay& shape) {
 }  // namespace
 
 canvas::canvas(QSize size, std::function<void(painter&)> draw, event_sink deliver,
-               text_layouts& layouts)
-    : draw_(std::move(draw)), deliver_(std::move(deliver)), layouts_(layouts) {
+               std::function<void(point)> scroll, text_layouts& layouts)
+    : draw_(std::move(draw)),
+      deliver_(std::move(deliver)),
+      scroll_(std::move(scroll)),
+      layouts_(layouts) {
   setFixedSize(size);
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
@@ -49,7 +65,13 @@ canvas::canvas(QSize size, std::function<void(painter&)> draw, event_sink delive
   setAccessibleName(QStringLiteral("Schematic"));
 }
 
+const std::vector<canvas_part>& canvas::Parts() {
+  if (!parts_) parts_ = list_ ? list_() : std::vector<canvas_part>();
+  return *parts_;
+}
+
 void canvas::Redraw() {
+  parts_.reset();
   overlay_ = {};
   update();
 }
@@ -71,24 +93,29 @@ void canvas::paintEvent(QPaintEvent* happened) {
   PaintOverlay(drawn, overlay_);
 }
 
-void canvas::Send(mouse_action action, const QMouseEvent& happened) {
+void canvas::Send(mouse_action action, QPointF at) {
   // Down to the pixel that the pointer is on, which between two device pixels is not the nearest.
-  const auto pixel = [](double at) { return static_cast<std::int64_t>(std::floor(at)); };
-  const QPointF at = happened.position();
+  const auto pixel = [](double place) { return static_cast<std::int64_t>(std::floor(place)); };
   deliver_(canvas_mouse{action, {pixel(at.x()), pixel(at.y())}});
 }
 
 void canvas::mouseMoveEvent(QMouseEvent* happened) {
   is_second_click_ = false;
-  Send(mouse_action::kMove, *happened);
+  Send(mouse_action::kMove, happened->position());
+  if (!left_is_down_) return;
+  mouse_at_ = happened->globalPosition();
+  const QPointF moved = mouse_at_ - pressed_at_;
+  if (moved.manhattanLength() < QApplication::startDragDistance()) return;
+  if (!edge_scrolling_.isActive()) edge_scrolling_.start(kScrollInterval, this);
 }
 
 void canvas::mousePressEvent(QMouseEvent* happened) {
   if (happened->button() == Qt::LeftButton) {
     left_is_down_ = true;
-    Send(mouse_action::kLeftPress, *happened);
+    pressed_at_ = happened->globalPosition();
+    Send(mouse_action::kLeftPress, happened->position());
   } else if (happened->button() == Qt::RightButton) {
-    Send(mouse_action::kRightPress, *happened);
+    Send(mouse_action::kRightPress, happened->position());
   }
 }
 
@@ -100,9 +127,32 @@ void canvas::mouseDoubleClickEvent(QMouseEvent* happened) {
 
 void canvas::mouseReleaseEvent(QMouseEvent* happened) {
   if (happened->button() != Qt::LeftButton || !left_is_down_) return;
+  EndDrag();
+  Send(mouse_action::kLeftRelease, happened->position());
+  if (std::exchange(is_second_click_, false))
+    Send(mouse_action::kDoubleClick, happened->position());
+}
+
+void canvas::timerEvent(QTimerEvent* happened) {
+  if (happened->timerId() != edge_scrolling_.timerId()) return QWidget::timerEvent(happened);
+  ScrollAfterDrag();
+}
+
+// The mouse rests at the edge, and the canvas moves below it.
+void canvas::ScrollAfterDrag() {
+  const QRect shown = visibleRegion().boundingRect();
+  const QPointF at = mapFromGlobal(mouse_at_);
+  const point by{EdgeScroll(at.x(), shown.left(), shown.right()),
+                 EdgeScroll(at.y(), shown.top(), shown.bottom())};
+  if (by == point{}) return edge_scrolling_.stop();
+  const QPoint before = pos();
+  scroll_(by);
+  if (pos() != before) Send(mouse_action::kMove, mapFromGlobal(mouse_at_));
+}
+
+void canvas::EndDrag() {
   left_is_down_ = false;
-  Send(mouse_action::kLeftRelease, *happened);
-  if (std::exchange(is_second_click_, false)) Send(mouse_action::kDoubleClick, *happened);
+  edge_scrolling_.stop();
 }
 
 // Accepted, so that the scroll area does not scroll on its own as well.
@@ -158,7 +208,7 @@ void canvas::hideEvent(QHideEvent* happened) {
 
 void canvas::Interrupt() {
   if (!left_is_down_) return;
-  left_is_down_ = false;
+  EndDrag();
   deliver_(canvas_interrupted{});
 }
 

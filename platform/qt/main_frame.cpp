@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QDropEvent>
 #include <QMimeData>
+#include <QPixmap>
 #include <QScrollBar>
 #include <QUrl>
 #include <algorithm>
@@ -18,10 +19,17 @@ main_frame::main_frame(const main_window& contents, event_sink deliver,
       reached_for_(std::move(reached_for)),
       menus_(*this, [this](int id) { deliver_(menu_chosen{id}); }),
       area_(new QScrollArea),
-      canvas_(new canvas({contents.canvas_width, contents.canvas_height}, contents.draw_canvas,
-                         deliver_, layouts)),
+      canvas_(new canvas(
+          {contents.canvas_width, contents.canvas_height}, contents.draw_canvas, deliver_,
+          [this](point by) { ScrollBy(by); }, layouts)),
       status_(new status_fields(contents.status_field_widths)) {
   setWindowTitle(TitleText(contents.title));
+  canvas_->ListBy(contents.list_canvas);
+  QPixmap icon;
+  if (icon.loadFromData(reinterpret_cast<const uchar*>(contents.icon.data()),
+                        static_cast<uint>(contents.icon.size()))) {
+    setWindowIcon(icon);
+  }
   area_->setFrameShape(QFrame::NoFrame);
   area_->setFocusPolicy(Qt::NoFocus);  // nothing takes the keyboard from the canvas
   area_->setWidget(canvas_);

@@ -2,6 +2,7 @@
 
 #include <QClipboard>
 #include <QElapsedTimer>
+#include <QScreen>
 #include <QThread>
 #include <QWindow>
 #include <algorithm>
@@ -9,7 +10,10 @@
 #include <utility>
 
 #include "platform/files.h"
+#include "platform/qt/accessible_canvas.h"
+#include "platform/qt/beside_place.h"
 #include "platform/qt/message_box.h"
+#include "platform/qt/patient_runner.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/requester.h"
 
@@ -91,17 +95,25 @@ int qt_desktop::OpenWindow(const window& contents) {
   auto opened = std::make_unique<secondary_window>(
       contents, *frame_,
       secondary_window_sink{
-          .used =
-              [this, number](int gadget_id) {
-                Deliver(gadget_used{number, gadget_id});
-              },
+          .used = [this, number](int gadget_id) { Deliver(gadget_used{number, gadget_id}); },
           .close_requested = [this, number] { Deliver(window_close_requested{number}); },
           .activated = [this] { RaiseModalWindow(); }});
   if (opened->IsModal()) KeepAboveOthers(*opened);
+  if (contents.beside) opened->move(PlaceBeside(*contents.beside, opened->size()));
   opened->show();
   opened->activateWindow();
   windows_.emplace(number, std::move(opened));
   return number;
+}
+
+// On the screen; a desktop that places all windows itself does not listen.
+QPoint qt_desktop::PlaceBeside(const rectangle& spared, QSize size) const {
+  const canvas& shown = frame_->Canvas();
+  const QRect on_canvas(static_cast<int>(spared.x), static_cast<int>(spared.y),
+                        static_cast<int>(spared.width), static_cast<int>(spared.height));
+  const QRect seen = on_canvas & shown.visibleRegion().boundingRect();
+  return BesidePlace({shown.mapToGlobal(seen.topLeft()), seen.size()}, size,
+                     frame_->screen()->availableGeometry());
 }
 
 // Where the desktop keeps a window above the one that it belongs to, it stays above the last window
@@ -175,6 +187,7 @@ void qt_desktop::EnableMainWindow() {
 }
 
 void qt_desktop::OpenMainWindow(const main_window& contents) {
+  OfferCanvasParts();
   frame_ = std::make_unique<main_frame>(
       contents, [this](const event& happened) { Deliver(happened); },
       [this] { BringModalWindow(); }, layouts_);
@@ -187,6 +200,10 @@ void qt_desktop::SetMenuBar(const std::vector<menu>& menus) {
 
 void qt_desktop::AddShortcut(const std::string& key, int id) {
   frame_->Menus().AddShortcut(key, id);
+}
+
+std::unique_ptr<process_runner> qt_desktop::ToolRunner() {
+  return std::make_unique<patient_runner>();
 }
 
 int qt_desktop::Run(const std::function<bool(const event&)>& handle) {

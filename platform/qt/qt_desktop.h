@@ -44,6 +44,7 @@ class qt_desktop : public desktop {
   void OpenMainWindow(const main_window& contents) override;
   void SetMenuBar(const std::vector<menu>& menus) override;
   void AddShortcut(const std::string& key, int id) override;
+  std::unique_ptr<process_runner> ToolRunner() override;
   int Run(const std::function<bool(const event&)>& handle) override;
 
  private:
@@ -52,6 +53,7 @@ class qt_desktop : public desktop {
   void WaitForFrame();
   secondary_window* FindWindow(int number) const;
   secondary_window* ModalWindow() const;
+  QPoint PlaceBeside(const rectangle& spared, QSize size) const;
   void KeepAboveOthers(secondary_window& modal);
   void RaiseModalWindow();
   void BringModalWindow();

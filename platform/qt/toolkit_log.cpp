@@ -16,7 +16,9 @@ void TellWhoAsks(const QString& text) {
 // The toolkit would end a process without a display by an abort.
 void HandleWindowMessage(QtMsgType type, const QMessageLogContext& /*where*/, const QString& text) {
   TellWhoAsks(text);
-  if (type == QtFatalMsg) std::_Exit(EXIT_FAILURE);
+  if (type != QtFatalMsg) return;
+  SayNoWindow();
+  std::_Exit(EXIT_FAILURE);
 }
 
 void HandlePictureMessage(QtMsgType type, const QMessageLogContext& /*where*/,
@@ -29,6 +31,12 @@ void HandlePictureMessage(QtMsgType type, const QMessageLogContext& /*where*/,
 }
 
 }  // namespace
+
+void SayNoWindow() {
+  std::fputs(
+      "mardel: the window system can't be reached; QT_DEBUG_PLUGINS=1 tells what was tried\n",
+      stderr);
+}
 
 void QuietToolkit() {
   qInstallMessageHandler(HandleWindowMessage);

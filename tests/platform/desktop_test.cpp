@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMainWindow>
@@ -117,6 +118,34 @@ TEST_F(desktop_test, TheCanvasKeepsTheKeyboard) {
   }
   Key(Find<canvas>(), Qt::Key_Tab);
   EXPECT_EQ(Find<QMainWindow>()->focusWidget(), Find<canvas>());
+}
+
+TEST_F(desktop_test, OffersTheCanvasToAScreenReader) {
+  QAccessibleInterface* const told = QAccessible::queryAccessibleInterface(Find<canvas>());
+  ASSERT_EQ(told->childCount(), 2);
+  EXPECT_EQ(told->child(0)->text(QAccessible::Name), "Block in 3");
+  EXPECT_EQ(told->child(0)->role(), QAccessible::Graphic);
+  const QPoint corner = Find<canvas>()->mapToGlobal(QPoint(20, 30));
+  EXPECT_EQ(told->child(0)->rect(), QRect(corner, QSize(40, 50)));
+  EXPECT_EQ(told->childAt(corner.x() + 1, corner.y() + 1), told->child(0));
+  EXPECT_EQ(told->child(1)->role(), QAccessible::StaticText);
+  EXPECT_TRUE(told->child(1)->state().offscreen);
+}
+
+TEST_F(desktop_test, ADragScrollsAtTheEdge) {
+  auto* const shown = Find<canvas>();
+  const strings heard = Hear([shown] {
+    const QRect room = shown->visibleRegion().boundingRect();
+    Mouse(QEvent::MouseButtonPress, room.topLeft() + QPointF(50, 50), Qt::LeftButton);
+    Mouse(QEvent::MouseMove, room.topLeft() + QPointF(room.width() - 1, 99), Qt::NoButton);
+    const QPoint before = shown->pos();
+    while (shown->x() > before.x() - 50) {
+      QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    EXPECT_EQ(shown->y(), before.y());
+    Mouse(QEvent::MouseButtonRelease, {50, 50}, Qt::LeftButton);
+  });
+  EXPECT_GE(heard.size(), 6U);  // with a move for each time that the canvas went on below the mouse
 }
 
 TEST_F(desktop_test, HandlesOneEventAtATime) {

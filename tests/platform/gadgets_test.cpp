@@ -19,6 +19,7 @@
 #include <QWindow>
 #include <cmath>
 
+#include "platform/qt/beside_place.h"
 #include "platform/qt/gadget_fitting.h"
 #include "platform/qt/secondary_window.h"
 #include "tests/platform/toolkit.h"
@@ -222,6 +223,18 @@ TEST_F(gadgets_test, GrowIntoTheFreeRoomOfTheirRow) {
     const QRect place = FittingPlace(contents, contents.gadgets.at(each.gadget), each.wanted);
     EXPECT_EQ(place.left(), each.left) << each.gadget << " " << each.wanted;
     EXPECT_EQ(place.width(), each.width) << each.gadget << " " << each.wanted;
+  }
+}
+
+TEST_F(gadgets_test, PlaceAWindowBesideWhatItIsAbout) {
+  const QRect screen(0, 0, 1000, 800);
+  // With a frame of 8 pixels at the sides and below, and of 36 above.
+  const std::pair<QRect, QPoint> cases[] = {{{100, 300, 200, 100}, {300, 227}},
+                                            {{600, 300, 300, 100}, {184, 227}},
+                                            {{100, 10, 800, 100}, {291, 110}},
+                                            {{100, 600, 800, 100}, {291, 356}}};
+  for (const auto& [spared, expected] : cases) {
+    EXPECT_EQ(BesidePlace(spared, {400, 200}, screen), expected);
   }
 }
 

@@ -30,7 +30,13 @@ inline desktop& SharedDesktop() {
                           .canvas_height = 1080,
                           .scroll_step = 30,
                           .status_field_widths = {90, 0, 100, 100},
-                          .draw_canvas = [](painter& p) { p.FillBackground(kBlack); }});
+                          .draw_canvas = [](painter& p) { p.FillBackground(kBlack); },
+                          .list_canvas =
+                              [] {
+                                return std::vector<canvas_part>{
+                                    {canvas_part::kind::kBlock, "Block in 3", {20, 30, 40, 50}},
+                                    {canvas_part::kind::kNote, "Note <b>", {1900, 0, 9, 9}}};
+                              }});
     return made.release();
   }();
   return *started;
