@@ -18,13 +18,19 @@ struct record_fields {
     std::string_view name;
     std::string record::* field;
   };
+  struct shared_name {
+    std::string_view name;
+    shared_text record::* field;
+  };
   std::span<const integer> integers;
   std::span<const text> texts;
+  std::span<const shared_name> shared_names = {};
 };
 
 // Whether the child is one of the fields.
 template <class record>
-bool ReadField(record& into, xml_tree::node child, const record_fields<record>& fields) {
+bool ReadField(record& into, xml_tree::node child, const record_fields<record>& fields,
+               text_pool& names) {
   for (const auto& [name, field] : fields.integers) {
     if (child.Name() != name) continue;
     into.*field = ParseInteger(child.Text());
@@ -35,22 +41,27 @@ bool ReadField(record& into, xml_tree::node child, const record_fields<record>& 
     into.*field = child.Text();
     return true;
   }
+  for (const auto& [name, field] : fields.shared_names) {
+    if (child.Name() != name) continue;
+    into.*field = names.Share(child.Text());
+    return true;
+  }
   return false;
 }
 
 template <class record>
-record ReadRecord(xml_tree::node element, const record_fields<record>& fields) {
+record ReadRecord(xml_tree::node element, const record_fields<record>& fields, text_pool& names) {
   record read;
-  for (const xml_tree::node child : element.Children()) ReadField(read, child, fields);
+  for (const xml_tree::node child : element.Children()) ReadField(read, child, fields, names);
   return read;
 }
 
 constexpr record_fields<pin>::integer kPinIntegers[] = {{"number", &pin::pin_num}};
-constexpr record_fields<pin>::text kPinTexts[] = {{"name", &pin::pin_name}};
+constexpr record_fields<pin>::shared_name kPinNames[] = {{"name", &pin::pin_name}};
 
 constexpr record_fields<param>::integer kParamIntegers[] = {{"number", &param::param_num}};
-constexpr record_fields<param>::text kParamTexts[] = {{"name", &param::param_name},
-                                                      {"value", &param::param_value}};
+constexpr record_fields<param>::text kParamTexts[] = {{"value", &param::param_value}};
+constexpr record_fields<param>::shared_name kParamNames[] = {{"name", &param::param_name}};
 
 constexpr record_fields<dvblock>::integer kBlockIntegers[] = {
     {"id", &dvblock::id}, {"x", &dvblock::x}, {"y", &dvblock::y}};
@@ -69,23 +80,24 @@ constexpr record_fields<textblock>::integer kNoteIntegers[] = {
     {"text_id", &textblock::id}, {"x", &textblock::x}, {"y", &textblock::y}};
 constexpr record_fields<textblock>::text kNoteTexts[] = {{"text_str", &textblock::text_str}};
 
-dvblock ReadBlock(xml_tree::node element) {
+dvblock ReadBlock(xml_tree::node element, text_pool& names) {
   dvblock block;
   for (const xml_tree::node child : element.Children()) {
-    if (ReadField<dvblock>(block, child, {kBlockIntegers, kBlockTexts})) continue;
+    if (ReadField<dvblock>(block, child, {kBlockIntegers, kBlockTexts}, names)) continue;
     for (const xml_tree::node entry : child.Children()) {
       if (child.Name() == "pins" && entry.Name() == "pin") {
-        block.pins.push_back(ReadRecord<pin>(entry, {kPinIntegers, kPinTexts}));
+        block.pins.push_back(ReadRecord<pin>(entry, {kPinIntegers, {}, kPinNames}, names));
       } else if (child.Name() == "params" && entry.Name() == "param") {
-        block.params.push_back(ReadRecord<param>(entry, {kParamIntegers, kParamTexts}));
+        block.params.push_back(
+            ReadRecord<param>(entry, {kParamIntegers, kParamTexts, kParamNames}, names));
       }
     }
   }
   return block;
 }
 
-textblock ReadNote(xml_tree::node element, std::string_view line_separator) {
-  textblock note = ReadRecord<textblock>(element, {kNoteIntegers, kNoteTexts});
+textblock ReadNote(xml_tree::node element, std::string_view line_separator, text_pool& names) {
+  textblock note = ReadRecord<textblock>(element, {kNoteIntegers, kNoteTexts}, names);
   note.text_str = ReplaceLineBreaks(note.text_str, line_separator);
   return note;
 }
@@ -106,6 +118,7 @@ std::size_t RoomOf(xml_tree::node entry) {
 bool ReadDesign(design& document, const xml_tree& tree, std::string_view line_separator) {
   constexpr std::size_t kFreeRoom = std::size_t{32} << 20U;
   std::size_t left = std::max(kFreeRoom, 16 * tree.SourceSize());
+  text_pool names;
   for (const xml_tree::node list : tree.Root().Children()) {
     const std::string_view kind = list.Name();
     for (const xml_tree::node entry : list.Children()) {
@@ -113,11 +126,11 @@ bool ReadDesign(design& document, const xml_tree& tree, std::string_view line_se
       if (room > left) return false;
       left -= room;
       if (kind == "blocks" && entry.Name() == "dvblock") {
-        document.blocks.Append(ReadBlock(entry));
+        document.blocks.Append(ReadBlock(entry, names));
       } else if (kind == "nets" && entry.Name() == "net") {
-        document.nets.Append(ReadRecord<net>(entry, {kNetIntegers, kNetTexts}));
+        document.nets.Append(ReadRecord<net>(entry, {kNetIntegers, kNetTexts}, names));
       } else if (kind == "text" && entry.Name() == "text_item") {
-        document.texts.Append(ReadNote(entry, line_separator));
+        document.texts.Append(ReadNote(entry, line_separator, names));
       }
     }
   }

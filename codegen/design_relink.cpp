@@ -35,6 +35,7 @@ void Apply(const linkage& link, dvblock& block) {
     const auto found = link.pins.find(p.pin_name);
     if (found == link.pins.end()) continue;
     const pin& defined = *found->second;
+    p.pin_name = defined.pin_name;  // an equal text, but shared
     p.pin_desc = defined.pin_desc;
     p.pin_side = defined.pin_side;
     p.pin_type = defined.pin_type;
@@ -44,6 +45,7 @@ void Apply(const linkage& link, dvblock& block) {
   for (param& p : block.params) {
     const auto found = link.params.find(p.param_name);
     if (found == link.params.end()) continue;
+    p.param_name = found->second->param_name;
     p.param_desc = found->second->param_desc;
     p.param_type = found->second->param_type;
   }

@@ -16,10 +16,10 @@ const std::string* BreakingValue(const dvblock& block) {
   if (Breaks(block.lib)) return &block.lib;
   if (Breaks(block.sub)) return &block.sub;
   for (const pin& p : block.pins) {
-    if (Breaks(p.pin_name)) return &p.pin_name;
+    if (Breaks(p.pin_name)) return &p.pin_name.Text();
   }
   for (const param& p : block.params) {
-    if (Breaks(p.param_name)) return &p.param_name;
+    if (Breaks(p.param_name)) return &p.param_name.Text();
     if (Breaks(p.param_value)) return &p.param_value;
   }
   return nullptr;

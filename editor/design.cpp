@@ -39,7 +39,7 @@ dvblock* FindBlock(design& document, std::int64_t id) {
 std::string PinType(const design& document, std::int64_t block_id, std::string_view pin_name) {
   const dvblock* block = FindBlock(document, block_id);
   const pin* found = block == nullptr ? nullptr : FindPin(*block, pin_name);
-  return found == nullptr ? std::string() : found->pin_type;
+  return found == nullptr ? std::string() : found->pin_type.Text();
 }
 
 point PinCentre(const dvblock& block, const pin& of) {

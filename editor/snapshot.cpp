@@ -132,6 +132,9 @@ class snapshot_reader {
   void operator()(std::string_view name, std::string& text) {
     if (const auto field = Take(name)) text = field->Text();
   }
+  void operator()(std::string_view name, shared_text& text) {
+    if (const auto field = Take(name)) text = shared_text(field->Text());
+  }
   template <std::integral integer>
   void operator()(std::string_view name, integer& number) {
     if (const auto field = Take(name)) number = static_cast<integer>(ParseInteger(field->Text()));

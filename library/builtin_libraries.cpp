@@ -122,21 +122,22 @@ pin OutputPin(const std::string& type) {
 
 void StageRegisters(library_loading& so_far, const std::string& lib,
                     std::span<const register_series> rows) {
+  const pin output = OutputPin(lib);
+  const pin input{.pin_name = "IN", .pin_type = "SFR", .pin_side = "L", .pin_desc = "Input pin"};
+  param preset{.param_name = "Preset",
+               .param_type = "Number",
+               .param_value = "",
+               .param_desc = "Preset value for register"};
   for (const register_series& row : rows) {
     for (int number = 0; number < BlocksIn(row); ++number) {
       blockdef& block = so_far.staged.emplace_back();
       block.lib = lib;
       block.sub = NameInSeries(row, number);
-      if (row.pin == register_pin::kOutput) block.pins.push_back(OutputPin(lib));
-      if (row.pin == register_pin::kInput) {
-        block.pins.push_back(
-            {.pin_name = "IN", .pin_type = "SFR", .pin_side = "L", .pin_desc = "Input pin"});
-      }
+      if (row.pin == register_pin::kOutput) block.pins.push_back(output);
+      if (row.pin == register_pin::kInput) block.pins.push_back(input);
       if (row.preset == kNoPreset) continue;
-      block.params.push_back({.param_name = "Preset",
-                              .param_type = "Number",
-                              .param_value = row.preset,
-                              .param_desc = "Preset value for register"});
+      preset.param_value = row.preset;
+      block.params.push_back(preset);
     }
   }
 }
@@ -150,6 +151,7 @@ std::string Hexadecimal(unsigned value, std::size_t digits) {
 }
 
 void StageConstants(library_loading& so_far) {
+  const pin output = OutputPin("CONST");
   for (const constant_series& row : kConstants) {
     unsigned value = row.value;
     for (int number = 0; number < BlocksIn(row); ++number) {
@@ -157,7 +159,7 @@ void StageConstants(library_loading& so_far) {
       block.lib = "CONST";
       block.sub = NameInSeries(row, number);
       block.desc = "Value: 0x" + Hexadecimal(value, row.digits);
-      block.pins.push_back(OutputPin(block.lib));
+      block.pins.push_back(output);
       value += row.step == kDoubling ? value : row.step;
     }
   }

@@ -61,6 +61,7 @@ class library_reader {
 
   library_loading& so_far_;
   std::string lib_;
+  text_pool texts_;
   std::int64_t numbers_taken_ = 0;  // by pins and parameters of the block
 };
 
@@ -113,14 +114,14 @@ void library_reader::ReadBlock(xml_tree::node sub) {
 void library_reader::ReadPinOrParam(xml_tree::node element) {
   pin read;
   std::string default_value;
-  const std::pair<std::string_view, std::string*> fields[] = {{"name", &read.pin_name},
+  const std::pair<std::string_view, shared_text*> fields[] = {{"name", &read.pin_name},
                                                               {"type", &read.pin_type},
                                                               {"desc", &read.pin_desc},
-                                                              {"side", &read.pin_side},
-                                                              {"default", &default_value}};
+                                                              {"side", &read.pin_side}};
   for (const xml_tree::node child : element.Children()) {
+    if (child.Name() == "default") default_value = child.Text();
     for (const auto& [name, value] : fields) {
-      if (child.Name() == name) *value = child.Text();
+      if (child.Name() == name) *value = texts_.Share(child.Text());
     }
   }
   read.pin_num = ++numbers_taken_;

@@ -1,5 +1,5 @@
 // The records of block libraries. Pins and parameters of a placed block are copies of its
-// definition's.
+// definition's, and share its texts.
 #pragma once
 
 #include <cstdint>
@@ -8,26 +8,27 @@
 #include <vector>
 
 #include "platform/geometry.h"
+#include "platform/shared_text.h"
 
 namespace mardel {
 
 struct pin {
   std::int64_t pin_num = 0;
-  std::string pin_name;
-  std::string
-      pin_type;  // "MREG", "SFR", "CREG" or "CONST"; "" on a placed pin that the definition lacks
-  std::string pin_side;  // "L", "R", "T" or "B"
-  std::string pin_desc;
+  shared_text pin_name;
+  // "MREG", "SFR", "CREG" or "CONST"; "" on a placed pin that the definition lacks
+  shared_text pin_type;
+  shared_text pin_side;  // "L", "R", "T" or "B"
+  shared_text pin_desc;
   std::int64_t pin_x = 0, pin_y = 0;  // top-left corner of its square, from the block's corner
   bool operator==(const pin&) const = default;
 };
 
 struct param {
   std::int64_t param_num = 0;
-  std::string param_name;
-  std::string param_type;
+  shared_text param_name;
+  shared_text param_type;
   std::string param_value;
-  std::string param_desc;
+  shared_text param_desc;
   bool operator==(const param&) const = default;
 };
 

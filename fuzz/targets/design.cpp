@@ -10,8 +10,8 @@ std::string RawValues(const design& document) {
   std::string all;
   for (const dvblock& block : document.blocks) {
     all += block.lib + ' ' + block.sub + ' ';
-    for (const pin& p : block.pins) all += p.pin_name + ' ';
-    for (const param& p : block.params) all += p.param_name + ' ' + p.param_value + ' ';
+    for (const pin& p : block.pins) all += p.pin_name + " ";
+    for (const param& p : block.params) all += p.param_name + " " + p.param_value + ' ';
   }
   for (const net& wire : document.nets) all += wire.pin_1_name + ' ' + wire.pin_2_name + ' ';
   return all;

@@ -17,12 +17,13 @@ std::string DescribeContents(const any_block& block) {
   std::ostringstream out;
   out << block.width << 'x' << block.height;
   for (const pin& p : block.pins) {
-    out << " (" << p.pin_num << ' ' << p.pin_name << ' ' << p.pin_type << ' ' << p.pin_side << ' '
-        << p.pin_x << ',' << p.pin_y << ": " << p.pin_desc << ')';
+    out << " (" << p.pin_num << ' ' << p.pin_name.Text() << ' ' << p.pin_type.Text() << ' '
+        << p.pin_side.Text() << ' ' << p.pin_x << ',' << p.pin_y << ": " << p.pin_desc.Text()
+        << ')';
   }
   for (const param& p : block.params) {
-    out << " [" << p.param_num << ' ' << p.param_name << ' ' << p.param_type << '=' << p.param_value
-        << ": " << p.param_desc << ']';
+    out << " [" << p.param_num << ' ' << p.param_name.Text() << ' ' << p.param_type.Text() << '='
+        << p.param_value << ": " << p.param_desc.Text() << ']';
   }
   return out.str();
 }

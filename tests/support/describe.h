@@ -16,7 +16,8 @@ namespace mardel {
 inline std::string Line(const dvblock& block) {
   std::ostringstream out;
   out << "block " << block.id << " (" << block.x << ',' << block.y << ')';
-  for (const param& each : block.params) out << ' ' << each.param_name << '=' << each.param_value;
+  for (const param& each : block.params)
+    out << ' ' << each.param_name.Text() << '=' << each.param_value;
   out << (block.selected ? " selected" : "");
   return out.str();
 }
