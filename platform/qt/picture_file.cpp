@@ -22,7 +22,7 @@ namespace {
 
 using drawing = std::function<void(painter&)>;
 
-constexpr QLatin1StringView kTitle("Mardel design");
+constexpr const char* kTitle = "Mardel design";
 constexpr int kPixelsPerInch = 96;
 constexpr int kPdfDotsPerInch = 1200;
 constexpr double kPointsPerInch = 72;
@@ -86,7 +86,7 @@ bool WritePdf(QBuffer& file, const picture_frame& frame, const drawing& draw) {
   // Pages are whole points, and drawn all over.
   const QSizeF page(std::ceil(area.width() * points), std::ceil(area.height() * points));
   QPdfWriter writer(&file);
-  writer.setCreator(kTitle);
+  writer.setCreator(QLatin1StringView(kTitle));
   writer.setTitle(QString::fromStdString(frame.title));
   writer.setResolution(kPdfDotsPerInch);
   writer.setPageSize(QPageSize(page, QPageSize::Point, QString(), QPageSize::ExactMatch));
@@ -110,7 +110,8 @@ class qt_picture_maker : public picture_maker {
     constexpr const char* kAlike[] = {"Arial", "Liberation Sans", "Arimo", "Helvetica",
                                       "Nimbus Sans"};
     const QString family = QFontInfo(CanvasFont()).family();
-    return std::ranges::any_of(kAlike, [&](const char* each) { return family == each; });
+    return std::ranges::any_of(kAlike,
+                               [&](const char* each) { return family == QLatin1StringView(each); });
   }
 
   std::optional<std::string> Make(picture_format format, const picture_frame& frame,
