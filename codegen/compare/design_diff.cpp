@@ -29,7 +29,7 @@ std::optional<change_kind> WholeChange(const matched<record>& of) {
 std::string ValueWords(const dvblock& block) {
   std::vector<std::string> values;
   for (const param& p : block.params) {
-    values.push_back(p.param_name + ' ' + Quoted(p.param_value));
+    values.push_back(p.param_name + " " + Quoted(p.param_value));
   }
   std::ranges::sort(values);
   std::string words;
