@@ -19,6 +19,8 @@
 #include "editor/edit_commands.h"
 #include "editor/note_dialog.h"
 #include "editor/selected_nets.h"
+#include "editor/snapshot.h"
+#include "platform/xml.h"
 #include "tests/support/describe.h"
 #include "tests/support/fixed_metrics.h"
 #include "tests/support/fixed_moment.h"
@@ -64,6 +66,61 @@ net NetAcross(int x) {
   wire.x_1 = x;
   wire.y_2 = 5;
   return wire;
+}
+
+void AddPin(dvblock& block, std::istream& in) {
+  pin& added = block.pins.emplace_back();
+  std::string name, type;
+  char comma = 0;
+  std::getline(in, name, ',');
+  std::getline(in, type, ',');
+  added.pin_name = name;
+  added.pin_type = type;
+  in >> added.pin_x >> comma >> added.pin_y;
+}
+
+void AddParam(dvblock& block, std::istream& in) {
+  param& added = block.params.emplace_back();
+  std::string name;
+  std::getline(in, name, ',');
+  added.param_name = name;
+  std::getline(in, added.param_value);
+}
+
+// A new record but for the fields that words such as "x=5" give; a block also has the pins and
+// parameters of the words "pin=NAME,TYPE,X,Y" and "param=NAME,VALUE".
+template <class record>
+record Told(record told, const arguments& words) {
+  std::string xml = WriteSnapshot(told);
+  dvblock lists;
+  for (std::size_t i = 1; i < words.size(); ++i) {
+    std::istringstream in(words[i]);
+    std::string field;
+    std::getline(in, field, '=');
+    if (field == "pin" || field == "param") {
+      (field == "pin" ? AddPin : AddParam)(lists, in);
+      continue;
+    }
+    const std::size_t at = xml.find('<' + field + '>');
+    if (at == std::string::npos) throw unknown_word(words[i]);
+    const std::size_t start = at + field.size() + 2;
+    const std::string value = EscapeXml(words[i].substr(field.size() + 1));
+    xml.replace(start, xml.find('<', start) - start, Replaced(value, "\r", "&#13;"));
+  }
+  if (!ReadSnapshot(xml, told)) throw unknown_word(xml);
+  if constexpr (std::is_same_v<record, dvblock>) {
+    told.pins = lists.pins;
+    told.params = lists.params;
+  }
+  return told;
+}
+
+template <class action>
+void WithRecord(const arguments& words, action act) {
+  if (words[0] == "block") return act(Told(dvblock(), words));
+  if (words[0] == "net") return act(Told(net(), words));
+  if (words[0] == "note") return act(Told(textblock(), words));
+  throw unknown_word(words[0]);
 }
 
 // No file grows while the disk is full.
@@ -205,6 +262,9 @@ class program_player {
     MeasureNote(design_.texts.Append(
                     {.id = design_.next_text_id++, .text_str = text, .x = at.x, .y = at.y}),
                 metrics_);
+  }
+  void Keep(const std::string& action, const std::string& xml) {
+    work_.undo.records.push_back({work_.undo.group, ActionOf(Number(action)), xml});
   }
   void Append(const dvblock& read) { design_.blocks.Append(read); }
   void Append(const net& read) { design_.nets.Append(read); }
@@ -362,11 +422,13 @@ class program_player {
          for (int x = 0; x < Number(w[0]); ++x) design_.nets.Append(NetAcross(x));
        }},
       {"note", [this](a w) { AddNote(Point(w[0]), w[1]); }},
-      {"have", [this](a w) { WithSnapshot(w[0], [this](const auto& read) { Append(read); }); }},
+      {"have", [this](a w) { WithRecord(w, [this](const auto& told) { Append(told); }); }},
       {"record",
        [this](a w) {
-         work_.undo.records.push_back({work_.undo.group, ActionOf(Number(w[0])), w[1]});
+         WithRecord({w.begin() + 1, w.end()},
+                    [&](const auto& told) { Keep(w[0], WriteSnapshot(told)); });
        }},
+      {"unreadable", [this](a w) { Keep(w[0], w[1]); }},
       {"library",
        [this](a w) {
          Add(&library_records::libraries, {w[0], w[1], Rgba(1, 2, 3, 0), Rgba(4, 5, 6, 0)});
@@ -402,7 +464,6 @@ class program_player {
       {"clipboard", [this](a) { ShowText(desk_.clipboard); }},
       {"extent", [this](a) { ShowExtent(); }},
       {"type_of", [this](a w) { Show('[' + PinType(design_, Number(w[0]), w[1]) + ']'); }},
-      {"snapshots", [this](a) { ForAll([this](auto& each) { ShowLine(WriteSnapshot(each)); }); }},
       {"read", [this](a w) { ShowText(ReadAll(w[0])); }},
   };
 };
