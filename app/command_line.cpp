@@ -150,6 +150,14 @@ command_line Init(const typed_words& typed) {
   return init_request{typed.FirstName()};
 }
 
+command_line History(const typed_words& typed) {
+  history_request asked{typed.FirstName(), {}};
+  if (typed.names.size() < 2) return asked;
+  asked.number = ParseNumber<int>(typed.names[1]);
+  if (asked.number) return asked;
+  return usage_error{"version " + Quoted(typed.names[1]) + " is not a number"};
+}
+
 template <class request>
 command_line Plain(const typed_words& /*typed*/) {
   return request{};
@@ -174,6 +182,8 @@ constexpr verb_rule kVerbs[] = {
     {"--render", "a picture file", 1, 1, "design", Render},
     {"--list", "", 0, 1, "library", List},
     {"--init", "", 0, 1, "folder", Init},
+    {"--recover", "", 0, 0, "", Plain<recover_request>},
+    {"--history", "", 1, 2, "design", History},
     {"--help", "", 0, 0, "", Plain<help_request>},
     {"--version", "", 0, 0, "", Plain<version_request>},
 };
@@ -327,6 +337,8 @@ std::string_view UsageText() {
               [--diff OLD.mrd] [--format F] DESIGN.mrd
        mardel --list [LIBRARY]
        mardel --init [FOLDER]
+       mardel --recover
+       mardel --history DESIGN.mrd [N]
        mardel --help
        mardel --version
 
@@ -358,6 +370,10 @@ Without an option the window opens, with the design if one is given.
   --init              make a folder with sample designs, their libraries and a
                       configuration; without a name it is "Dravik programs"
                       in the Documents folder
+  --recover           move unsaved work of programs that died to the folder
+                      Recovered, beside the designs, and name it
+  --history           list the versions of the design that saves replaced, or
+                      print the one of number N
   --config FILE       read this configuration instead of Mardel.con
   --libraries FOLDER  read the libraries of this folder
   -h, --help          show how mardel is called

@@ -1,6 +1,7 @@
 // What the user typed after the program's name.
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -86,6 +87,13 @@ struct init_request {
   std::string folder;  // "" is the programs folder
 };
 
+struct recover_request {};
+
+struct history_request {
+  std::string design;
+  std::optional<int> number;  // of the version to print; none lists them
+};
+
 struct help_request {};
 struct version_request {};
 
@@ -94,9 +102,10 @@ struct usage_error {
 };
 
 // An alternative each for the window, for every verb, and for what makes no sense.
-using command_line = std::variant<window_request, generate_request, check_request, explain_request,
-                                  diff_request, merge_request, render_request, list_request,
-                                  init_request, help_request, version_request, usage_error>;
+using command_line =
+    std::variant<window_request, generate_request, check_request, explain_request, diff_request,
+                 merge_request, render_request, list_request, init_request, recover_request,
+                 history_request, help_request, version_request, usage_error>;
 
 // `arguments` is without the program's name. "--option=value" is "--option value"; after "--"
 // everything is a name.

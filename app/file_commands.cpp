@@ -1,6 +1,7 @@
 #include "app/file_commands.h"
 
 #include "app/guard.h"
+#include "app/history.h"
 #include "app/reports.h"
 #include "app/title.h"
 #include "codegen/design_file.h"
@@ -19,6 +20,7 @@ constexpr const char* kPatterns =
 void ClearDesignAndUndo(program& app) {
   ClearDesign(app.work.document);
   app.work.undo.records.clear();
+  app.copy.GiveUp();
   app.work.document.unsaved_changes = false;
   app.outside.desk.Redraw();
   app.outside.desk.ScrollTo({0, 0, 1, 1});
@@ -37,9 +39,15 @@ void ShowSaved(const program& app, const std::string& path) {
 
 // False when the old file was kept; the design then still counts as unsaved. kept: a file that
 // can't be created is silent and counts as saved.
-bool Write(const program& app, const std::string& path) {
+bool Write(program& app, const std::string& path) {
+  KeepVersion(app.outside.state_folder, path);
   const write_status status = SaveDesign(app.work.document, path);
-  if (status == write_status::kWritten) ShowSaved(app, path);
+  if (status == write_status::kWritten) {
+    app.copy.Remove();
+    ShowSaved(app, path);
+  } else if (status == write_status::kNotCreated) {
+    app.copy.KeepAsOnlyOne(app.work);
+  }
   if (!IsFault(status)) return true;
   app.outside.desk.ShowMessage({.title = "Error Saving Design",
                                 .text = "Design named " + path + " could not be saved, " +
@@ -49,7 +57,7 @@ bool Write(const program& app, const std::string& path) {
 
 // The chosen path, with the design written there; "" when the requester was cancelled or the old
 // file was kept.
-std::string AskSaveFileName(const program& app, const std::string& directory) {
+std::string AskSaveFileName(program& app, const std::string& directory) {
   std::string path = app.outside.desk.AskSaveFile(
       {.title = "Please choose file to save", .start = directory + "*.mrd", .patterns = kPatterns});
   return path.empty() || Write(app, path) ? path : std::string();

@@ -38,6 +38,8 @@ void Generate(program& app, std::optional<int> location) {
                   {.path = path, .moment = app.outside.now(), .mode = app.options.expert});
   if (source.problem) ShowReport(desk, *source.problem);
   if (IsFault(source.status)) return;  // no tool runs on the old file
+  // A tool may take its time, or hang.
+  app.copy.KeepNow(app.work);
   const toolchain_result ended =
       RunToolchain({path, app.options.run_opt, location},
                    {.options = app.options, .runner = app.outside.runner, .boxes = desk});

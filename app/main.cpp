@@ -1,6 +1,7 @@
 #include "app/command_line.h"
 #include "app/headless.h"
 #include "app/init.h"
+#include "app/recovery_verbs.h"
 #include "app/render.h"
 #include "app/verbs/checking.h"
 #include "app/verbs/compare.h"

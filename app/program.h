@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/main_menu.h"
+#include "app/unsaved_copy.h"
 #include "codegen/settings.h"
 #include "editor/rendering.h"
 #include "editor/workspace.h"
@@ -23,6 +24,7 @@ struct edges {
   const text_metrics& metrics;
   process_runner& runner;
   date_time (*now)() = Now;
+  std::string state_folder = {};  // "" where neither unsaved work nor versions are kept
 };
 
 struct program {
@@ -35,6 +37,7 @@ struct program {
   register_pool registers = ChipRegisters();
   menu_ids ids;
   workspace work;
+  unsaved_copy copy{outside.state_folder};
   grid grid_lines = grid::kHidden;
   bool quit = false;
 };

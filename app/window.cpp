@@ -5,14 +5,28 @@
 #include "app/event_handling.h"
 #include "app/file_commands.h"
 #include "app/logo.h"
+#include "app/recovery.h"
 #include "app/reports.h"
 #include "app/startup.h"
 #include "app/title.h"
 #include "editor/canvas_input.h"
 #include "editor/canvas_parts.h"
 #include "platform/path.h"
+#include "platform/state_folder.h"
 
 namespace mardel {
+namespace {
+
+// What dead programs left behind.
+void ShowRecovered(program& app) {
+  const std::string& folder = app.outside.state_folder;
+  const std::string text = folder.empty()
+                               ? "Unsaved changes are not kept: there is no home folder"
+                               : RecoveryText(RecoverDesigns(folder, app.options.files_path));
+  if (!text.empty()) app.outside.desk.SetStatus(1, text);
+}
+
+}  // namespace
 
 main_window MainWindow(const program& app) {
   main_window contents{.title = Title(""),
@@ -37,11 +51,24 @@ main_window MainWindow(const program& app) {
   return contents;
 }
 
+work_keeper Keeper(program& app) {
+  return {.is_due = [&app] { return app.copy.IsDue(app.work); },
+          .keep =
+              [&app] {
+                app.copy.Keep(app.work);
+                if (!app.copy.TakeFailure()) return;
+                app.outside.desk.SetStatus(1,
+                                           "Unsaved changes are not kept: no file can be made in " +
+                                               RecoveryFolder(app.outside.state_folder));
+              },
+          .keep_now = [&app] { app.copy.KeepNow(app.work); }};
+}
+
 int RunWindow(const std::string& design_path, int& argument_count, char** arguments) {
   const std::unique_ptr<desktop> desk = StartDesktop(argument_count, arguments);
   if (desk == nullptr) return 1;
   const std::unique_ptr<process_runner> runner = desk->ToolRunner();
-  program app({*desk, desk->Metrics(), *runner});
+  program app({*desk, desk->Metrics(), *runner, Now, StateFolder()});
   const host_facts host = ThisHost();
   ReadSettings(app, host);
   desk->OpenMainWindow(MainWindow(app));
@@ -50,7 +77,11 @@ int RunWindow(const std::string& design_path, int& argument_count, char** argume
   desk->AddShortcut("Escape", app.ids.escape);
   ShowReports(*desk, reports);
   if (!design_path.empty()) OpenFile(app, AbsolutePath(design_path));
-  return desk->Run([&app](const event& happened) { return HandleEvent(app, happened); });
+  ShowRecovered(app);
+  desk->KeepWork(Keeper(app));
+  const int code = desk->Run([&app](const event& happened) { return HandleEvent(app, happened); });
+  app.copy.GiveUp();
+  return code;
 }
 
 }  // namespace mardel

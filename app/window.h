@@ -11,6 +11,9 @@ namespace mardel {
 // As it opens, with the design of `app` on its canvas, which must outlive it.
 main_window MainWindow(const program& app);
 
+// Keeps the unsaved work of `app`, which must outlive it.
+work_keeper Keeper(program& app);
+
 // Runs until the user quits; returns the process's exit code. `design_path` may be "". The
 // arguments are those of main.
 int RunWindow(const std::string& design_path, int& argument_count, char** arguments);

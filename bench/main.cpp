@@ -15,6 +15,7 @@ int main(int argc, char** argv) {
   table all;
   AddStartMeasures(all, in);
   AddFileMeasures(all, in);
+  AddKeepingMeasures(all, in);
   AddNetlistMeasures(all, in);
   AddProcessMeasures(all, in);
   AddRedrawMeasures(all);

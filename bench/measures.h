@@ -12,6 +12,7 @@ namespace mardel {
 // The inputs must outlive the table's run.
 void AddStartMeasures(table& all, const inputs& in);
 void AddFileMeasures(table& all, const inputs& in);
+void AddKeepingMeasures(table& all, const inputs& in);
 void AddNetlistMeasures(table& all, const inputs& in);
 void AddProcessMeasures(table& all, const inputs& in);
 void AddRedrawMeasures(table& all);

@@ -27,8 +27,8 @@ offscreen_desktop::offscreen_desktop() {
   desk_ = StartDesktop(argument_count_, arguments_.data());
 }
 
-bench_window::bench_window(std::size_t blocks, QSize size) {
-  app_ = std::make_unique<program>(edges{*desk_, desk_->Metrics(), runner_});
+bench_window::bench_window(std::size_t blocks, QSize size, const std::string& state_folder) {
+  app_ = std::make_unique<program>(edges{*desk_, desk_->Metrics(), runner_, Now, state_folder});
   const host_facts host = ThisHost();
   ReadSettings(*app_, host);
   desk_->OpenMainWindow(MainWindow(*app_));
@@ -37,6 +37,7 @@ bench_window::bench_window(std::size_t blocks, QSize size) {
   GenerateDesign(app_->work.document, app_->libraries, {.blocks = blocks});
   canvas_ = FindCanvas();
   canvas_->window()->resize(size);
+  if (!state_folder.empty()) desk_->KeepWork(Keeper(*app_));
   Settle();
 }
 

@@ -30,7 +30,9 @@ class offscreen_desktop {
 
 class bench_window {
  public:
-  explicit bench_window(std::size_t blocks, QSize size = {1920, 1080});
+  // `state_folder` is where unsaved work is kept; "" for nowhere.
+  explicit bench_window(std::size_t blocks, QSize size = {1920, 1080},
+                        const std::string& state_folder = {});
 
   program& App() { return *app_; }
   // Events are only handled while this runs.

@@ -68,6 +68,7 @@ void MoveAndShow(workspace& work, point by) {
   work.canvas.Redraw();
   ShowPosition(work.canvas, corner);
   work.document.unsaved_changes = true;
+  ++work.undo.changes;  // those of a key held down are one undo step
 }
 
 }  // namespace

@@ -155,6 +155,7 @@ void Push(undo_stack& stack, const textblock& note, note_action action) {
 
 void CloseGroup(undo_stack& stack) {
   ++stack.group;
+  ++stack.changes;
 }
 
 undo_result UndoLastGroup(undo_stack& stack, design& document) {
@@ -167,6 +168,7 @@ undo_result UndoLastGroup(undo_stack& stack, design& document) {
     from_snapshots.Restore(record);
   }
   document.unsaved_changes = true;
+  ++stack.changes;
   return undo_result::kRestored;
 }
 

@@ -26,6 +26,7 @@ struct undo_record {
 struct undo_stack {
   std::vector<undo_record> records;  // pushed and popped at the end
   std::int64_t group = 0;            // of the records pushed now
+  std::int64_t changes = 0;          // grows with each user action, undo, and step of an arrow key
 };
 
 void Push(undo_stack& stack, const dvblock& block, block_action action);

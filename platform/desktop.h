@@ -29,6 +29,14 @@ struct main_window {
   std::string_view icon = {};                             // PNG bytes
 };
 
+// How unsaved work is kept. All three only read it: they are called between two events, but also
+// behind a message box or a requester.
+struct work_keeper {
+  std::function<bool()> is_due;    // asked after each event
+  std::function<void()> keep;      // half a second later, and again for as long as it is due
+  std::function<void()> keep_now;  // before the system ends the program, or takes its display away
+};
+
 class desktop : public ui {
  public:
   virtual const text_metrics& Metrics() const = 0;
@@ -38,6 +46,8 @@ class desktop : public ui {
   virtual void AddShortcut(const std::string& key, int id) = 0;
   // Runs tools while the windows stay alive; must not outlive the desktop.
   virtual std::unique_ptr<process_runner> ToolRunner() = 0;
+  // From Run on.
+  virtual void KeepWork(work_keeper keeper) = 0;
   // Hands each event to `handle` until it returns false; returns the process's exit code.
   virtual int Run(const std::function<bool(const event&)>& handle) = 0;
 };

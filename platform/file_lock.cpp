@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <utility>
@@ -14,7 +15,11 @@ file_lock LockFile(const std::string& path, lock_target target) {
   descriptor file(
       open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC | fresh, 0600));
   if (!file.IsOpen()) return {descriptor(), false};
-  if (flock(file.Number(), LOCK_EX | LOCK_NB) != 0) return {descriptor(), errno == EWOULDBLOCK};
+  if (flock(file.Number(), LOCK_EX | LOCK_NB) != 0) {
+    const bool is_held = errno == EWOULDBLOCK;
+    if (!is_held && target == lock_target::kNewFile) unlink(path.c_str());
+    return {descriptor(), is_held};
+  }
   // Between the two calls its last holder may have removed it.
   if (!IsNamed(file, path)) return {descriptor(), false};
   return {std::move(file), false};

@@ -15,20 +15,26 @@
 namespace mardel {
 namespace {
 
-// A write beyond the process's file-size limit is an error like a full disk, not its end.
-class size_limit_signal_ignored {
+// A write beyond the process's file-size limit is an error like a full disk, not its end. The
+// signal for it goes to the thread that writes.
+class size_limit_signal_held {
  public:
-  size_limit_signal_ignored() {
-    struct sigaction ignore{};
-    ignore.sa_handler = SIG_IGN;
-    sigaction(SIGXFSZ, &ignore, &before_);
+  size_limit_signal_held() {
+    sigemptyset(&signal_);
+    sigaddset(&signal_, SIGXFSZ);
+    pthread_sigmask(SIG_BLOCK, &signal_, &before_);
   }
-  size_limit_signal_ignored(const size_limit_signal_ignored&) = delete;
-  size_limit_signal_ignored& operator=(const size_limit_signal_ignored&) = delete;
-  ~size_limit_signal_ignored() { sigaction(SIGXFSZ, &before_, nullptr); }
+  size_limit_signal_held(const size_limit_signal_held&) = delete;
+  size_limit_signal_held& operator=(const size_limit_signal_held&) = delete;
+  ~size_limit_signal_held() {
+    sigset_t pending;
+    int taken = 0;
+    if (sigpending(&pending) == 0 && sigismember(&pending, SIGXFSZ) == 1) sigwait(&signal_, &taken);
+    pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+  }
 
  private:
-  struct sigaction before_{};
+  sigset_t signal_{}, before_{};
 };
 
 bool WriteAt(const descriptor& file, std::string_view content, std::size_t place) {
@@ -162,7 +168,7 @@ write_status ReplaceTarget(const std::string& target, std::string_view content,
 }  // namespace
 
 write_status ReplaceFile(const std::string& path, std::string_view content) {
-  const size_limit_signal_ignored ignored;
+  const size_limit_signal_held held;
   old_file old;
   old.exists = stat(path.c_str(), &old.status) == 0;
   if (!old.exists && errno != ENOENT) return StatusOf(errno);

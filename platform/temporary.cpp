@@ -20,13 +20,8 @@ constexpr int kAttempts = 8;  // at one name, while others remove what was just 
 constexpr std::size_t kMostStem = 100;
 
 std::string TemporaryPath(const std::string& target, int number) {
-  std::string_view stem = FileName(target);
-  if (stem.size() > kMostStem) {
-    std::size_t size = kMostStem;
-    while (size > 0 && IsContinuation(stem[size])) --size;
-    stem = stem.substr(0, size);
-  }
-  return FolderOf(target) + "." + std::string(stem) + ".mardel-" + std::to_string(number) + ".tmp";
+  const std::string stem(Beginning(FileName(target), kMostStem));
+  return FolderOf(target) + "." + stem + ".mardel-" + std::to_string(number) + ".tmp";
 }
 
 // False when something stands there that is in use or can't be removed.

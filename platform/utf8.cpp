@@ -39,4 +39,10 @@ utf8_character FirstCharacter(std::string_view text) {
   return {};
 }
 
+std::string_view Beginning(std::string_view text, std::size_t most) {
+  if (text.size() <= most) return text;
+  while (most > 0 && IsContinuation(text[most])) --most;
+  return text.substr(0, most);
+}
+
 }  // namespace mardel

@@ -18,4 +18,7 @@ constexpr bool IsContinuation(char byte) {
   return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
 
+// The longest beginning of at most `most` bytes that cuts no character.
+std::string_view Beginning(std::string_view text, std::size_t most);
+
 }  // namespace mardel

@@ -6,6 +6,7 @@
 #include <QThread>
 #include <QWindow>
 #include <algorithm>
+#include <chrono>
 #include <cstdlib>
 #include <utility>
 
@@ -206,11 +207,29 @@ std::unique_ptr<process_runner> qt_desktop::ToolRunner() {
   return std::make_unique<patient_runner>();
 }
 
+void qt_desktop::KeepWork(work_keeper keeper) {
+  constexpr std::chrono::milliseconds kDelay{500};
+  keeper_ = std::move(keeper);
+  last_call_.emplace(keeper_.keep_now);
+  keep_timer_.setSingleShot(true);
+  keep_timer_.setInterval(kDelay);
+  keep_timer_.callOnTimeout([this] {
+    keeper_.keep();
+    KeepSoon();
+  });
+}
+
+void qt_desktop::KeepSoon() {
+  if (keeper_.is_due && !keep_timer_.isActive() && keeper_.is_due()) keep_timer_.start();
+}
+
 int qt_desktop::Run(const std::function<bool(const event&)>& handle) {
   handle_ = handle;
   const int code = QApplication::exec();
   handle_ = nullptr;
   waiting_.clear();
+  keep_timer_.stop();
+  last_call_.reset();
   return code;
 }
 
@@ -226,6 +245,7 @@ void qt_desktop::Deliver(const event& happened) {
     goes_on = handle_(next);
   }
   is_handling_ = false;
+  KeepSoon();
   // Not quit(), which first asks every window whether it closes.
   if (!goes_on) QApplication::exit(EXIT_SUCCESS);
 }

@@ -2,11 +2,14 @@
 #pragma once
 
 #include <QApplication>
+#include <QTimer>
 #include <deque>
 #include <map>
 #include <memory>
+#include <optional>
 
 #include "platform/desktop.h"
+#include "platform/qt/last_call.h"
 #include "platform/qt/main_frame.h"
 #include "platform/qt/qt_text_metrics.h"
 #include "platform/qt/secondary_window.h"
@@ -45,10 +48,12 @@ class qt_desktop : public desktop {
   void SetMenuBar(const std::vector<menu>& menus) override;
   void AddShortcut(const std::string& key, int id) override;
   std::unique_ptr<process_runner> ToolRunner() override;
+  void KeepWork(work_keeper keeper) override;
   int Run(const std::function<bool(const event&)>& handle) override;
 
  private:
   void Deliver(const event& happened);
+  void KeepSoon();
   void PaintNow();
   void WaitForFrame();
   secondary_window* FindWindow(int number) const;
@@ -68,6 +73,9 @@ class qt_desktop : public desktop {
   // What happens while an event is being handled, behind a message box say, waits for its end.
   std::deque<event> waiting_;
   bool is_handling_ = false;
+  work_keeper keeper_;
+  QTimer keep_timer_;
+  std::optional<last_call> last_call_;
 };
 
 }  // namespace mardel

@@ -55,6 +55,10 @@ struct request_words {
   }
   std::string operator()(const list_request& r) const { return "list " + r.library; }
   std::string operator()(const init_request& r) const { return "init " + r.folder; }
+  std::string operator()(const recover_request& /*r*/) const { return "recover"; }
+  std::string operator()(const history_request& r) const {
+    return "history " + (r.number ? std::to_string(*r.number) + " of " : "") + r.design;
+  }
   std::string operator()(const help_request& /*r*/) const { return "help"; }
   std::string operator()(const version_request& /*r*/) const { return "version"; }
   std::string operator()(const usage_error& r) const { return "error " + r.text; }

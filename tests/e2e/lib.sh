@@ -4,7 +4,7 @@
 set -euo pipefail
 fixtures=$(cd "$(dirname "${BASH_SOURCE[0]}")/../fixtures/e2e" && pwd)
 work=$(mktemp -d)
-trap 'kill $(jobs -p) 2>/dev/null; rm -rf "$work"' EXIT
+trap 'kill $(jobs -p) 2>/dev/null || true; rm -rf "$work"' EXIT
 unset QT_SCALE_FACTOR QT_QPA_PLATFORMTHEME QT_STYLE_OVERRIDE XDG_CURRENT_DESKTOP
 export HOME=$work XDG_CONFIG_HOME=$work/.config LC_ALL=C.UTF-8 QT_QPA_PLATFORM=xcb
 mkdir "$work/Documents"
