@@ -279,7 +279,7 @@ class parser {
 
   std::string TakeValue(std::string_view name, std::string_view meaning) {
     if (joined_value_) {
-      const std::string value = *std::exchange(joined_value_, std::nullopt);
+      const std::string value = std::exchange(joined_value_, std::nullopt).value_or("");
       if (!value.empty()) return value;
     } else if (!rest_.empty() && IsValue(rest_.front())) {
       return Take();

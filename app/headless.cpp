@@ -58,7 +58,7 @@ exit_status Run(const version_request& /*asked*/) {
 
 exit_status Run(const usage_error& wrong) {
   const exit_status told = Fail(exit_status::kWrongUsage, wrong.text);
-  std::cerr << "try mardel --help" << std::endl;
+  std::cerr << "try mardel --help" << '\n';
   return told;
 }
 

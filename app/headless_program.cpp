@@ -71,7 +71,7 @@ exit_status WriteOut(std::string_view text) {
 }
 
 exit_status Fail(exit_status status, const std::string& line) {
-  std::cerr << "mardel: " << EscapeControls(line) << std::endl;
+  std::cerr << "mardel: " << EscapeControls(line) << '\n';
   return status;
 }
 
