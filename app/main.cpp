@@ -1,31 +1,35 @@
+// The program as it is started: it does what needs no desktop, and else becomes the one that does
+// all, so that the verbs load no toolkit.
 #include "app/command_line.h"
 #include "app/headless.h"
+#include "app/headless_program.h"
 #include "app/init.h"
 #include "app/recovery_verbs.h"
-#include "app/render.h"
 #include "app/verbs/checking.h"
 #include "app/verbs/compare.h"
 #include "app/verbs/explaining.h"
 #include "app/verbs/generating.h"
-#include "app/window.h"
+#include "platform/neighbour.h"
 
 namespace {
 
-// One overload for each kind of request.
 struct front_end {
-  int& argument_count;
   char** arguments;
 
-  int operator()(const mardel::window_request& asked) const {
-    if (asked.at_start == mardel::samples::kMadeOnce) mardel::MakeSamplesOnce();
-    return mardel::RunWindow(asked.design, argument_count, arguments);
-  }
   int operator()(const auto& asked) const { return static_cast<int>(Run(asked)); }
+  int operator()(const mardel::window_request& /*asked*/) const { return BecomeDesktop(); }
+  int operator()(const mardel::render_request& /*asked*/) const { return BecomeDesktop(); }
+
+  int BecomeDesktop() const {
+    mardel::BecomeProgram("mardel-desktop", MARDEL_LIBEXEC, arguments);
+    return static_cast<int>(mardel::Fail(mardel::exit_status::kFileOrToolMissing,
+                                         "the program mardel-desktop could not be started"));
+  }
 };
 
 }  // namespace
 
 int main(int argc, char** argv) {
   const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
-  return std::visit(front_end{argc, argv}, mardel::ParseCommandLine(arguments));
+  return std::visit(front_end{argv}, mardel::ParseCommandLine(arguments));
 }

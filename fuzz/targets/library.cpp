@@ -20,7 +20,8 @@ void CheckDefinitions(const known_libraries& known) {
 // Each library's items are blocks of the set; no block is in the menu twice.
 void CheckMenu(const known_libraries& known) {
   std::size_t count = 0;
-  for (const menu_item& submenu : MenuBar(host_kind::kLinux, {}, known.set).at(2).items) {
+  const std::vector<menu> bar = MenuBar(host_kind::kLinux, {}, known.set);
+  for (const menu_item& submenu : bar.at(2).items) {
     count += submenu.items.size();
     for (const menu_item& place : submenu.items) {
       const blockdef* block = known.set.FindDefinition(place.id);
