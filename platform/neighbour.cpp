@@ -2,14 +2,15 @@
 
 #include <unistd.h>
 
-#include <filesystem>
+#include "platform/host.h"
 
 namespace mardel {
 
 void BecomeProgram(const std::string& name, const std::string& folder, char** arguments) {
-  std::error_code error;
-  const auto here = std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
-  for (const auto& place : {here, here / folder}) execv((place / name).c_str(), arguments);
+  const std::string here = ProgramFolder();
+  for (const std::string& place : {here, here + folder + "/"}) {
+    execv((place + name).c_str(), arguments);
+  }
 }
 
 }  // namespace mardel
