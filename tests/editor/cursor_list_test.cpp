@@ -42,7 +42,8 @@ TEST(CursorList, AgreesWithAVectorAndAnIndexOverRandomMoves) {
       std::stable_sort(numbers.begin(), numbers.end(), tens_less);
       if (current >= 0) current = std::find(numbers.begin(), numbers.end(), kept) - numbers.begin();
     } else {
-      ASSERT_EQ(std::distance(list.begin(), list.Delete(element)), place);
+      const auto after = list.Delete(element);
+      ASSERT_EQ(std::distance(list.begin(), after), place);
       numbers.erase(number);
       current = place - 1;
     }
