@@ -60,7 +60,9 @@ headless_program::headless_program(const text_metrics& measures, const setting_p
 }
 
 void PrintReports(std::span<const found_report> reports) {
-  for (const found_report& each : reports) std::cerr << ReportText(each) << '\n';
+  std::string lines;  // standard error writes each piece at once
+  for (const found_report& each : reports) lines += ReportText(each) + '\n';
+  std::cerr << lines;
   std::cerr << std::flush;
 }
 
