@@ -1,69 +1,52 @@
 #include "library/report.h"
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <utility>
+
 namespace mardel {
+namespace {
+
+// In the order of the rules.
+constexpr auto kNames = std::to_array<std::pair<rule, std::string_view>>({
+    {rule::kLibraryNotLoaded, "library-not-loaded"},
+    {rule::kLibraryMalformed, "library-malformed"},
+    {rule::kDuplicateLibrary, "duplicate-library"},
+    {rule::kConfigurationMalformed, "configuration-malformed"},
+    {rule::kDesignNotLoaded, "design-not-loaded"},
+    {rule::kDesignMalformed, "design-malformed"},
+    {rule::kMissingBlock, "missing-block"},
+    {rule::kTypeMismatch, "type-mismatch"},
+    {rule::kUnsetParameter, "unset-parameter"},
+    {rule::kUnconnectedPin, "unconnected-pin"},
+    {rule::kSourceNotWritten, "source-not-written"},
+    {rule::kUnknownPin, "unknown-pin"},
+    {rule::kUnknownParameter, "unknown-parameter"},
+    {rule::kFirstNodeWithoutRegister, "first-node-without-register"},
+    {rule::kNodeWithoutRegisterBlock, "node-without-register-block"},
+    {rule::kNoFreeRegister, "no-free-register"},
+    {rule::kTwoRegisters, "two-registers"},
+    {rule::kSplitNode, "split-node"},
+    {rule::kPinNumberDiffers, "pin-number-differs"},
+    {rule::kPinWithoutArgument, "pin-without-argument"},
+    {rule::kPinOnOtherRegister, "pin-on-other-register"},
+    {rule::kValueBreaksFile, "value-breaks-file"},
+    {rule::kValueChanges, "value-changes"},
+    {rule::kNoDesign, "no-design"},
+    {rule::kRepeatedId, "repeated-id"},
+    {rule::kOffCanvas, "off-canvas"},
+    {rule::kHidden, "hidden"},
+    {rule::kQuoteInPath, "quote-in-path"},
+    {rule::kSettingsNotRead, "settings-not-read"},
+});
+static_assert(std::ranges::is_sorted(kNames) && kNames.back().first == rule::kSettingsNotRead &&
+              kNames.size() == static_cast<std::size_t>(rule::kSettingsNotRead) + 1);
+
+}  // namespace
 
 std::string_view RuleName(rule of) {
-  switch (of) {
-    case rule::kLibraryNotLoaded:
-      return "library-not-loaded";
-    case rule::kLibraryMalformed:
-      return "library-malformed";
-    case rule::kDuplicateLibrary:
-      return "duplicate-library";
-    case rule::kConfigurationMalformed:
-      return "configuration-malformed";
-    case rule::kDesignNotLoaded:
-      return "design-not-loaded";
-    case rule::kDesignMalformed:
-      return "design-malformed";
-    case rule::kMissingBlock:
-      return "missing-block";
-    case rule::kTypeMismatch:
-      return "type-mismatch";
-    case rule::kUnsetParameter:
-      return "unset-parameter";
-    case rule::kUnconnectedPin:
-      return "unconnected-pin";
-    case rule::kSourceNotWritten:
-      return "source-not-written";
-    case rule::kUnknownPin:
-      return "unknown-pin";
-    case rule::kUnknownParameter:
-      return "unknown-parameter";
-    case rule::kFirstNodeWithoutRegister:
-      return "first-node-without-register";
-    case rule::kNodeWithoutRegisterBlock:
-      return "node-without-register-block";
-    case rule::kNoFreeRegister:
-      return "no-free-register";
-    case rule::kTwoRegisters:
-      return "two-registers";
-    case rule::kSplitNode:
-      return "split-node";
-    case rule::kPinNumberDiffers:
-      return "pin-number-differs";
-    case rule::kPinWithoutArgument:
-      return "pin-without-argument";
-    case rule::kPinOnOtherRegister:
-      return "pin-on-other-register";
-    case rule::kValueBreaksFile:
-      return "value-breaks-file";
-    case rule::kValueChanges:
-      return "value-changes";
-    case rule::kNoDesign:
-      return "no-design";
-    case rule::kRepeatedId:
-      return "repeated-id";
-    case rule::kOffCanvas:
-      return "off-canvas";
-    case rule::kHidden:
-      return "hidden";
-    case rule::kQuoteInPath:
-      return "quote-in-path";
-    case rule::kSettingsNotRead:
-      return "settings-not-read";
-  }
-  return {};
+  return kNames.at(static_cast<std::size_t>(of)).second;
 }
 
 }  // namespace mardel

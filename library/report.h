@@ -11,7 +11,7 @@
 
 namespace mardel {
 
-// One kind of finding each.
+// One kind of finding each; each has a name, and the last one is told, in report.cpp.
 enum class rule {
   kLibraryNotLoaded,
   kLibraryMalformed,

@@ -1,9 +1,6 @@
 // Plays the scripts in tests/fixtures/scripts to the program, with a scripted user, recorded tools
 // and a folder of its own.
-#include <sys/resource.h>
-
 #include <array>
-#include <csignal>
 #include <deque>
 
 #include "app/about_box.h"
@@ -20,30 +17,15 @@
 #include "editor/note_dialog.h"
 #include "editor/selected_nets.h"
 #include "editor/snapshot.h"
-#include "platform/xml.h"
 #include "tests/support/describe.h"
 #include "tests/support/fixed_metrics.h"
 #include "tests/support/fixed_moment.h"
+#include "tests/support/scripted_host.h"
 #include "tests/support/scripted_ui.h"
+#include "tests/support/told_record.h"
 
 namespace mardel {
 namespace {
-
-// Tools end as scripted, else well; each run is one of the calls.
-class scripted_runner : public process_runner {
- public:
-  explicit scripted_runner(std::vector<std::string>& calls) : calls_(calls) {}
-  std::deque<int> codes;  // exit codes in order, -1 for a tool that can't be started
-  tool_result RunTool(const std::string& tool, const std::string& arguments) override {
-    calls_.push_back("run " + tool + " " + arguments);
-    const int code = codes.empty() ? 0 : codes.front();
-    if (!codes.empty()) codes.pop_front();
-    return code < 0 ? tool_result() : tool_result{true, "said\rmore\r", code};
-  }
-
- private:
-  std::vector<std::string>& calls_;
-};
 
 // 60 x 40. "UNDER" lies below "CV".
 blockdef Amp() {
@@ -66,70 +48,6 @@ net NetAcross(int x) {
   wire.x_1 = x;
   wire.y_2 = 5;
   return wire;
-}
-
-void AddPin(dvblock& block, std::istream& in) {
-  pin& added = block.pins.emplace_back();
-  std::string name, type;
-  char comma = 0;
-  std::getline(in, name, ',');
-  std::getline(in, type, ',');
-  added.pin_name = name;
-  added.pin_type = type;
-  in >> added.pin_x >> comma >> added.pin_y;
-}
-
-void AddParam(dvblock& block, std::istream& in) {
-  param& added = block.params.emplace_back();
-  std::string name;
-  std::getline(in, name, ',');
-  added.param_name = name;
-  std::getline(in, added.param_value);
-}
-
-// A new record but for the fields that words such as "x=5" give; a block also has the pins and
-// parameters of the words "pin=NAME,TYPE,X,Y" and "param=NAME,VALUE".
-template <class record>
-record Told(record told, const arguments& words) {
-  std::string xml = WriteSnapshot(told);
-  dvblock lists;
-  for (std::size_t i = 1; i < words.size(); ++i) {
-    std::istringstream in(words[i]);
-    std::string field;
-    std::getline(in, field, '=');
-    if (field == "pin" || field == "param") {
-      (field == "pin" ? AddPin : AddParam)(lists, in);
-      continue;
-    }
-    const std::size_t at = xml.find('<' + field + '>');
-    if (at == std::string::npos) throw unknown_word(words[i]);
-    const std::size_t start = at + field.size() + 2;
-    const std::string value = EscapeXml(words[i].substr(field.size() + 1));
-    xml.replace(start, xml.find('<', start) - start, Replaced(value, "\r", "&#13;"));
-  }
-  if (!ReadSnapshot(xml, told)) throw unknown_word(xml);
-  if constexpr (std::is_same_v<record, dvblock>) {
-    told.pins = lists.pins;
-    told.params = lists.params;
-  }
-  return told;
-}
-
-template <class action>
-void WithRecord(const arguments& words, action act) {
-  if (words[0] == "block") return act(Told(dvblock(), words));
-  if (words[0] == "net") return act(Told(net(), words));
-  if (words[0] == "note") return act(Told(textblock(), words));
-  throw unknown_word(words[0]);
-}
-
-// No file grows while the disk is full.
-void LimitFiles(rlim_t bytes) {
-  rlimit limits{};
-  std::signal(SIGXFSZ, SIG_IGN);
-  getrlimit(RLIMIT_FSIZE, &limits);
-  limits.rlim_cur = std::min(bytes, limits.rlim_max);
-  setrlimit(RLIMIT_FSIZE, &limits);
 }
 
 // Whether `call` goes on what `line` began; the line then tells of both.
