@@ -141,7 +141,8 @@ const char* FaultAfter(write_status status, const plan& meant, const std::string
 const char* TryOne(const scene& at, const plan& meant, figures& count) {
   constexpr std::filesystem::perms kMode{0640};
   const scratch_folder scratch;
-  const std::string folder = scratch.Path(), file = folder + "file";
+  const std::string& folder = scratch.Path();
+  const std::string file = folder + "file";
   const bool by_link = at.target == target_kind::kLink;
   if (by_link) std::filesystem::create_symlink("file", folder + "link");
   if (at.target != target_kind::kNew) {

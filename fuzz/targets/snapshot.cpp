@@ -30,9 +30,14 @@ void Read(std::string_view xml) {
 void Write(std::string_view part) {
   const std::string text(part);
   Return(textblock{.text_str = text});
-  dvblock block{.lib = text, .sub = text};
-  block.pins.push_back({.pin_name = text, .pin_desc = text});
-  block.params.assign(2, {.param_value = text});
+  pin one;
+  one.pin_name = one.pin_desc = text;
+  param other;
+  other.param_value = text;
+  dvblock block;
+  block.lib = block.sub = text;
+  block.pins.push_back(one);
+  block.params.assign(2, other);
   Return(block);
 }
 
