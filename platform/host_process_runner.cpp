@@ -12,8 +12,6 @@
 #include "platform/process.h"
 #include "platform/text.h"
 
-extern char** environ;  // of the process, which POSIX leaves to the program to declare
-
 namespace mardel {
 namespace {
 

@@ -33,7 +33,7 @@ class file_requester : public QFileDialog {
     if (QFileInfo(path).isDir()) return setDirectory(path);
     if (!MayTake(path)) return;
     chosen_ = path;
-    QDialog::done(Accepted);
+    done(Accepted);
   }
 
  private:
