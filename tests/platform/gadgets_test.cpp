@@ -162,14 +162,14 @@ TEST_F(gadgets_test, AreMadeAsTheyComeIntoSight) {
 TEST_F(gadgets_test, GrowWithTheFontOfTheDesktop) {
   const QFont usual = QApplication::font();
   const std::pair<int, double> cases[] = {{9, 1.0}, {10, 1.0}, {14, 1.4}, {18, 1.8}};
-  for (const auto& [points, scale] : cases) {
+  for (const auto& [points, factor] : cases) {
     QFont font = usual;
     font.setPointSize(points);
     QApplication::setFont(font);
     const std::vector<gadget> gadgets = {
         Make(1, gadget_kind::kLabel, {20, 20, 250, 25}, "What to do when you select this:"),
         Make(2, gadget_kind::kOption, {40, 40, 250, 25}, "No board")};
-    WithWindow(gadgets, 200, [scale = scale](int /*number*/, secondary_window& made) {
+    WithWindow(gadgets, 200, [scale = factor](int /*number*/, secondary_window& made) {
       EXPECT_EQ(made.width(), std::lround(300 * scale));
       const auto* const label = dynamic_cast<QLabel*>(made.Gadgets().Find(1));
       EXPECT_EQ(label->text(), "What to do when you select this:");
