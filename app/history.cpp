@@ -36,8 +36,9 @@ std::string PathOf(const std::string& folder, int number) {
 void DropOldest(const std::string& state_folder, const std::string& design) {
   std::size_t count = 0, bytes = 0;
   for (const design_version& each : Versions(state_folder, design)) {
+    ++count;
     bytes += each.facts.size;
-    if (++count == 1 || (count <= kMostVersions && bytes <= kMostVersionBytes)) continue;
+    if (count == 1 || (count <= kMostVersions && bytes <= kMostVersionBytes)) continue;
     std::error_code ignored;
     std::filesystem::remove(each.path, ignored);
   }

@@ -16,6 +16,7 @@
 #include <new>
 #include <optional>
 #include <set>
+#include <sstream>
 #include <stdexcept>
 
 #include "app/event_handling.h"
@@ -64,8 +65,12 @@ struct figures {
   milliseconds behind{0};
 };
 
+// Of the lines in any order: to write a source, the program sorts the blocks.
 std::size_t Hash(const std::string& text) {
-  return std::hash<std::string>()(text);
+  std::istringstream lines(text);
+  std::size_t sum = 0;
+  for (std::string line; std::getline(lines, line);) sum += std::hash<std::string>()(line);
+  return sum;
 }
 
 void Note(diary& kept, const design& document) {
