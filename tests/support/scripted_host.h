@@ -18,8 +18,8 @@ class scripted_runner : public process_runner {
  public:
   explicit scripted_runner(std::vector<std::string>& calls) : calls_(calls) {}
   std::deque<int> codes;  // exit codes in order, -1 for a tool that can't be started
-  tool_result RunTool(const std::string& tool, const std::string& arguments) override {
-    calls_.push_back("run " + tool + " " + arguments);
+  tool_result RunTool(const std::string& tool, const std::string& options) override {
+    calls_.push_back("run " + tool + " " + options);
     const int code = codes.empty() ? 0 : codes.front();
     if (!codes.empty()) codes.pop_front();
     return code < 0 ? tool_result() : tool_result{true, "said\rmore\r", code};
