@@ -77,12 +77,10 @@ exit_status Fail(exit_status status, const std::string& line) {
   return status;
 }
 
-loaded_design LinkInput(const headless_program& run, std::string_view content,
-                        const std::string& path) {
-  return LoadDesign(content, path,
-                    {.libraries = run.libraries,
-                     .metrics = run.metrics,
-                     .line_separator = LineSeparator(HostKind())});
+load_context LoadContext(const headless_program& run) {
+  return {.libraries = run.libraries,
+          .metrics = run.metrics,
+          .line_separator = LineSeparator(HostKind())};
 }
 
 }  // namespace mardel

@@ -38,8 +38,7 @@ exit_status WriteOut(std::string_view text);
 // Says why on standard error; returns `status`.
 exit_status Fail(exit_status status, const std::string& line);
 
-// The content of a design's file, linked to the libraries.
-[[nodiscard]] loaded_design LinkInput(const headless_program& run, std::string_view content,
-                                      const std::string& path);
+// For designs of this host; refers to the program.
+load_context LoadContext(const headless_program& run);
 
 }  // namespace mardel

@@ -87,7 +87,7 @@ std::optional<design> Read(headless_program& run, const std::string& path) {
   if (const auto* failure = std::get_if<report>(&content)) {
     problems.push_back(*failure);
   } else {
-    loaded_design loaded = LinkInput(run, std::get<std::string>(content), path);
+    loaded_design loaded = LoadDesign(std::get<std::string>(content), path, LoadContext(run));
     if (loaded.reports.empty()) return std::move(loaded.document);
     if (loaded.status == load_status::kLoaded) run.status = exit_status::kRefused;
     problems = std::move(loaded.reports);

@@ -6,7 +6,7 @@
 #include <cstdio>
 
 #include "bench/measures.h"
-#include "codegen/design_reader.h"
+#include "codegen/design_file.h"
 
 namespace mardel {
 namespace {
@@ -19,11 +19,8 @@ void Open(benchmark::State& state, std::size_t blocks) {
   const load_context context{opened.run.libraries, *opened.measures, "\n"};
   for (auto _ : state) {
     ClearDesign(opened.document);
-    TimeComputing(state, [&] {
-      const xml_result read = ParseXml(bytes);
-      (void)ReadDesign(opened.document, read.tree, context.line_separator);
-      (void)RelinkDesign(opened.document, context);
-    });
+    TimeComputing(state,
+                  [&] { opened.document = LoadDesign(bytes, "opened.mrd", context).document; });
   }
 }
 

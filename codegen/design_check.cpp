@@ -84,13 +84,9 @@ std::vector<report> FindTypeMismatches(const design& document, problem_search se
   return FindTypeMismatches(document, ends, EndTypes(document, ends), search);
 }
 
-std::vector<report> CheckDesign(const design& document, problem_search search) {
-  return CheckDesign(document, document.nets, search);
-}
-
-std::vector<report> CheckDesign(const design& document, const cursor_list<net>& nets,
-                                problem_search search) {
-  const net_ends ends(nets);
+std::vector<report> CheckDesign(const design& document, problem_search search,
+                                std::span<const net> removed) {
+  const net_ends ends(document.nets, removed);
   std::vector<report> found;
   for (const dvblock& block : document.blocks) {
     CheckBlock(block, ends, found);

@@ -15,12 +15,10 @@ enum class problem_search { kFirst, kAll };
 // Nets that join pins of different types, in net order.
 [[nodiscard]] std::vector<report> FindTypeMismatches(const design& document, problem_search search);
 
-// Parameters without a value and pins without a net, in block order.
-[[nodiscard]] std::vector<report> CheckDesign(const design& document, problem_search search);
-
-// With the nets of the file, of which removed blocks took some with them.
-[[nodiscard]] std::vector<report> CheckDesign(const design& document, const cursor_list<net>& nets,
-                                              problem_search search);
+// Parameters without a value and pins without a net, in block order. Nets that removed blocks took
+// with them count too.
+[[nodiscard]] std::vector<report> CheckDesign(const design& document, problem_search search,
+                                              std::span<const net> removed = {});
 
 // Also for the writer, which meets parameters that lost their type.
 report UnsetParameter(const dvblock& block, std::string_view name);

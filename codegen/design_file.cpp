@@ -8,26 +8,19 @@
 namespace mardel {
 namespace {
 
-load_status StatusOf(xml_status read) {
-  switch (read) {
-    case xml_status::kRead:
-      return load_status::kLoaded;
-    case xml_status::kNotLoaded:
-      return load_status::kNotLoaded;
-    case xml_status::kMalformed:
-      break;
-  }
-  return load_status::kMalformed;
-}
-
-loaded_design Loaded(xml_result read, const load_context& context) try {
-  loaded_design loaded{.status = StatusOf(read.status), .document = {}, .reports = {}};
+// Of any root element where none is named.
+loaded_design Load(std::string_view content, std::string_view root_name,
+                   const load_context& context) try {
+  raw_design raw;
+  loaded_design loaded;
+  loaded.status = ReadRawDesign(raw, content, context.line_separator);
   if (loaded.status != load_status::kLoaded) return loaded;
-  if (!ReadDesign(loaded.document, read.tree, context.line_separator)) {
-    return {.status = load_status::kNotLoaded, .document = {}, .reports = {}};
+  if (!root_name.empty() && raw.root_name != root_name) {
+    loaded.status = load_status::kMalformed;
+    return loaded;
   }
-  read.tree = {};  // a large one is not to stand beside what else is needed
-  loaded.reports = RelinkDesign(loaded.document, context);
+  loaded.document = std::move(raw.document);
+  loaded.reports = RelinkDesign(loaded.document, context).missing;
   return loaded;
 } catch (const std::bad_alloc&) {
   return {.status = load_status::kNotLoaded, .document = {}, .reports = {}};
@@ -47,7 +40,7 @@ report LoadFailure(load_status status, const std::string& path) {
 
 loaded_design LoadDesign(std::string_view content, const std::string& path,
                          const load_context& context) {
-  loaded_design loaded = Loaded(ParseXml(content), context);
+  loaded_design loaded = Load(content, {}, context);
   if (loaded.status == load_status::kLoaded) {
     loaded.document.file_name = path;
   } else {
@@ -65,11 +58,7 @@ loaded_design LoadDesign(const std::string& path, const load_context& context) {
 }
 
 loaded_design LoadDesignText(std::string_view text, const load_context& context) {
-  xml_result read = ParseXml(text);
-  const bool is_design =
-      read.status == xml_status::kRead && read.tree.Root().Name() == "MardelDesign";
-  if (!is_design) read.status = xml_status::kMalformed;
-  return Loaded(std::move(read), context);
+  return Load(text, "MardelDesign", context);
 }
 
 }  // namespace mardel

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/text.h"
+#include "platform/xml.h"
 
 namespace mardel {
 namespace {
@@ -113,28 +114,63 @@ std::size_t RoomOf(xml_tree::node entry) {
   return room;
 }
 
+load_status StatusOf(xml_status read) {
+  switch (read) {
+    case xml_status::kRead:
+      return load_status::kLoaded;
+    case xml_status::kNotLoaded:
+      return load_status::kNotLoaded;
+    case xml_status::kMalformed:
+      break;
+  }
+  return load_status::kMalformed;
+}
+
+class design_reader : public xml_list_reader {
+ public:
+  design_reader(raw_design& raw, std::size_t size, std::string_view line_separator)
+      : raw_(raw), line_separator_(line_separator), room_(std::max(kFreeRoom, 16 * size)) {}
+
+  void OpenRoot(std::string_view name) override { raw_.root_name = name; }
+
+  void OpenList(std::string_view name) override {
+    list_ = name;
+    raw_.has_lists = raw_.has_lists || name == "blocks" || name == "nets" || name == "text";
+  }
+
+  bool TakeEntry(xml_tree::node entry) override {
+    const std::size_t needed = RoomOf(entry);
+    if (needed > room_) return false;
+    room_ -= needed;
+    design& document = raw_.document;
+    if (list_ == "blocks" && entry.Name() == "dvblock") {
+      document.blocks.Append(ReadBlock(entry, names_));
+      raw_.block_offsets.push_back(entry.Offset());
+    } else if (list_ == "nets" && entry.Name() == "net") {
+      document.nets.Append(ReadRecord<net>(entry, {kNetIntegers, kNetTexts}, names_));
+      raw_.net_offsets.push_back(entry.Offset());
+    } else if (list_ == "text" && entry.Name() == "text_item") {
+      document.texts.Append(ReadNote(entry, line_separator_, names_));
+    }
+    return true;
+  }
+
+ private:
+  static constexpr std::size_t kFreeRoom = std::size_t{32} << 20U;
+
+  raw_design& raw_;
+  std::string_view line_separator_;
+  std::size_t room_;  // in bytes, that is left
+  std::string list_;
+  text_pool names_;
+};
+
 }  // namespace
 
-bool ReadDesign(design& document, const xml_tree& tree, std::string_view line_separator) {
-  constexpr std::size_t kFreeRoom = std::size_t{32} << 20U;
-  std::size_t left = std::max(kFreeRoom, 16 * tree.SourceSize());
-  text_pool names;
-  for (const xml_tree::node list : tree.Root().Children()) {
-    const std::string_view kind = list.Name();
-    for (const xml_tree::node entry : list.Children()) {
-      const std::size_t room = RoomOf(entry);
-      if (room > left) return false;
-      left -= room;
-      if (kind == "blocks" && entry.Name() == "dvblock") {
-        document.blocks.Append(ReadBlock(entry, names));
-      } else if (kind == "nets" && entry.Name() == "net") {
-        document.nets.Append(ReadRecord<net>(entry, {kNetIntegers, kNetTexts}, names));
-      } else if (kind == "text" && entry.Name() == "text_item") {
-        document.texts.Append(ReadNote(entry, line_separator, names));
-      }
-    }
-  }
-  return true;
+load_status ReadRawDesign(raw_design& raw, std::string_view bytes,
+                          std::string_view line_separator) {
+  design_reader reader(raw, bytes.size(), line_separator);
+  return StatusOf(ReadXmlLists(bytes, reader));
 }
 
 }  // namespace mardel

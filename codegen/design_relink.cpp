@@ -90,15 +90,14 @@ void DeleteWhere(cursor_list<record>& list, predicate is_meant) {
   }
 }
 
-// What is to be said about the blocks that were removed.
-std::vector<report> RelinkBlocks(design& document, const library_set& libraries) {
+relinking RelinkBlocks(design& document, const library_set& libraries) {
   std::unordered_map<const std::size_t*, linkage> links;
   std::unordered_set<std::int64_t, id_hash> removed_ids;
-  std::vector<report> missing;
+  relinking done;
   DeleteWhere(document.blocks, [&](dvblock& block) {
     const auto definitions = libraries.FindDefinitions(block.lib, block.sub);
     if (definitions.empty()) {
-      missing.push_back(MissingBlock(block));
+      done.missing.push_back(MissingBlock(block));
       removed_ids.insert(block.id);
       return true;
     }
@@ -108,11 +107,13 @@ std::vector<report> RelinkBlocks(design& document, const library_set& libraries)
     RaisePast(document.next_block_id, block.id);
     return false;
   });
-  if (missing.empty()) return missing;
-  DeleteWhere(document.nets, [&](const net& wire) {
-    return removed_ids.contains(wire.id_1) || removed_ids.contains(wire.id_2);
+  if (removed_ids.empty()) return done;
+  DeleteWhere(document.nets, [&](net& wire) {
+    if (!removed_ids.contains(wire.id_1) && !removed_ids.contains(wire.id_2)) return false;
+    done.removed.push_back(std::move(wire));
+    return true;
   });
-  return missing;
+  return done;
 }
 
 // Where pins repeat, the last one of the last block of an id counts; ends on no pin stay.
@@ -142,8 +143,8 @@ void PlaceNetEnds(design& document) {
 
 }  // namespace
 
-std::vector<report> RelinkDesign(design& document, const load_context& context) {
-  std::vector<report> missing = RelinkBlocks(document, context.libraries);
+relinking RelinkDesign(design& document, const load_context& context) {
+  relinking done = RelinkBlocks(document, context.libraries);
   // kept: without blocks the nets are passed over, their ids too.
   if (!document.blocks.empty()) PlaceNetEnds(document);
   for (textblock& note : document.texts) {
@@ -153,7 +154,7 @@ std::vector<report> RelinkDesign(design& document, const load_context& context) 
   LeaveRoom(document.next_block_id, document.blocks, &dvblock::id);
   LeaveRoom(document.next_net_id, document.nets, &net::net_id);
   LeaveRoom(document.next_text_id, document.texts, &textblock::id);
-  return missing;
+  return done;
 }
 
 }  // namespace mardel

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -34,7 +35,7 @@ struct end_pair {
 // works on the numbers: they lie side by side, where nets and blocks lie all over the memory.
 class net_ends {
  public:
-  explicit net_ends(const cursor_list<net>& nets);
+  explicit net_ends(const cursor_list<net>& nets, std::span<const net> more = {});
 
   // In net order.
   const std::vector<end_pair>& Pairs() const { return pairs_; }

@@ -1,5 +1,6 @@
 #include "platform/escaping.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -46,6 +47,8 @@ void ForEachCharacter(std::string_view text, function call) {
 }  // namespace
 
 std::string EscapeControls(std::string_view text) {
+  const auto is_plain = [](char byte) { return byte >= ' ' && byte <= '~'; };
+  if (std::ranges::all_of(text, is_plain)) return std::string(text);
   std::string escaped;
   ForEachCharacter(text, [&](utf8_character next, std::string_view bytes) {
     if (next.size != 0 && !IsControl(next.code)) {

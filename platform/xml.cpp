@@ -31,30 +31,31 @@ using parser_owner = std::unique_ptr<XML_ParserStruct, parser_freer>;
 
 }  // namespace
 
-// Builds a tree from expat's calls. The text of the open elements lies in one buffer: a child's
-// text is moved into the tree at its end, so that its parent's text goes on where it stopped.
+// Builds a tree from expat's calls, of the root or of one entry of a list after the other. The text
+// of the open elements lies in one buffer: a child's text is moved into the tree at its end, so
+// that its parent's text goes on where it stopped.
 class xml_reader {
  public:
-  xml_reader() : parser_(XML_ParserCreate(nullptr)) { open_.reserve(kMostXmlLevels); }
+  // Without lists the whole document becomes the tree.
+  explicit xml_reader(xml_list_reader* lists)
+      : parser_(XML_ParserCreate(nullptr)), lists_(lists), tree_level_(lists == nullptr ? 0 : 2) {
+    open_.reserve(kMostXmlLevels);
+  }
 
-  xml_result Read(std::string_view bytes) {
-    if (parser_ == nullptr) return {};
+  xml_status Read(std::string_view bytes) {
+    if (parser_ == nullptr) return xml_status::kNotLoaded;
     SetUp(parser_.get());
-    // Room for what most files hold; what stays unused is never touched.
-    constexpr std::size_t kBytesOfElement = 32;
-    tree_.elements_.reserve(bytes.size() / kBytesOfElement);
-    tree_.characters_.reserve(bytes.size());
-    tree_.size_ = bytes.size();
+    if (lists_ == nullptr) ReserveTree(bytes.size());
     most_elements_ = std::max(kFewElements, bytes.size() / kLeastBytesOfElement);
     const int size = static_cast<int>(bytes.size());
     if (XML_Parse(parser_.get(), bytes.data(), size, XML_TRUE) == XML_STATUS_OK) {
-      return {xml_status::kRead, std::move(tree_)};
+      return xml_status::kRead;
     }
     const bool is_out_of_memory = XML_GetErrorCode(parser_.get()) == XML_ERROR_NO_MEMORY;
-    const xml_status failure =
-        is_out_of_memory ? xml_status::kNotLoaded : refusal_.value_or(xml_status::kMalformed);
-    return {failure, {}};
+    return is_out_of_memory ? xml_status::kNotLoaded : refusal_.value_or(xml_status::kMalformed);
   }
+
+  xml_tree TakeTree() { return std::move(tree_); }
 
  private:
   struct open_element {
@@ -62,6 +63,13 @@ class xml_reader {
     std::uint32_t last_child = 0;
     std::size_t text_start = 0;  // in text_
   };
+
+  // Room for what most files hold; what stays unused is never touched.
+  void ReserveTree(std::size_t bytes) {
+    constexpr std::size_t kBytesOfElement = 32;
+    tree_.elements_.reserve(bytes / kBytesOfElement);
+    tree_.characters_.reserve(bytes);
+  }
 
   void SetUp(XML_Parser parser) {
     XML_SetUserData(parser, this);
@@ -79,7 +87,9 @@ class xml_reader {
     Do(reader, [](xml_reader& it) { it.End(); });
   }
   static void OnCharacters(void* reader, const char* text, int size) {
-    Do(reader, [=](xml_reader& it) { it.text_.append(text, static_cast<std::size_t>(size)); });
+    Do(reader, [=](xml_reader& it) {
+      if (it.open_.size() > it.tree_level_) it.text_.append(text, static_cast<std::size_t>(size));
+    });
   }
   // The parser gives more of a declaration than a house's function takes.
   // NOLINTBEGIN(readability-function-size)
@@ -111,14 +121,27 @@ class xml_reader {
 
   void Start(std::string_view name) {
     if (open_.size() == kMostXmlLevels) return Refuse(xml_status::kMalformed);
-    if (tree_.elements_.size() == most_elements_) return Refuse(xml_status::kNotLoaded);
+    if (elements_++ == most_elements_) return Refuse(xml_status::kNotLoaded);
+    const std::size_t level = open_.size();
+    if (level < tree_level_) {
+      open_.emplace_back();
+      return level == 0 ? lists_->OpenRoot(name) : lists_->OpenList(name);
+    }
+    if (level == tree_level_) {
+      tree_.elements_.clear();
+      tree_.characters_.clear();
+    }
+    AddElement(name);
+  }
+
+  void AddElement(std::string_view name) {
     const auto index = static_cast<std::uint32_t>(tree_.elements_.size());
     xml_tree::element& added = tree_.elements_.emplace_back();
     added.offset = static_cast<std::uint32_t>(XML_GetCurrentByteIndex(parser_.get()));
     added.name_start = static_cast<std::uint32_t>(tree_.characters_.size());
     added.name_size = static_cast<std::uint32_t>(name.size());
     tree_.characters_.append(name);
-    if (!open_.empty()) LinkChild(index);
+    if (open_.size() > tree_level_) LinkChild(index);
     open_.push_back({index, 0, text_.size()});
   }
 
@@ -133,13 +156,16 @@ class xml_reader {
   }
 
   void End() {
-    const open_element& ended = open_.back();
+    const open_element ended = open_.back();
+    open_.pop_back();
+    if (open_.size() < tree_level_) return;
     xml_tree::element& element = tree_.elements_[ended.index];
     element.text_start = static_cast<std::uint32_t>(tree_.characters_.size());
     element.text_size = static_cast<std::uint32_t>(text_.size() - ended.text_start);
     tree_.characters_.append(text_, ended.text_start);
     text_.resize(ended.text_start);
-    open_.pop_back();
+    if (lists_ == nullptr || open_.size() > tree_level_) return;
+    if (!lists_->TakeEntry(tree_.Root())) Refuse(xml_status::kNotLoaded);
   }
 
   void Refuse(xml_status as) {
@@ -148,19 +174,31 @@ class xml_reader {
   }
 
   parser_owner parser_;
+  xml_list_reader* lists_;
+  std::size_t tree_level_;  // of the elements that become a tree; the root's is 0
   xml_tree tree_;
   std::vector<open_element> open_;
   std::string text_;
-  std::size_t most_elements_ = 0;
+  std::size_t elements_ = 0, most_elements_ = 0;
   int declarations_ = 0;
   std::optional<xml_status> refusal_;
 };
 
 xml_result ParseXml(std::string_view bytes) try {
   if (bytes.size() > std::numeric_limits<int>::max()) return {};
-  return xml_reader().Read(bytes);
+  xml_reader reader(nullptr);
+  const xml_status status = reader.Read(bytes);
+  if (status != xml_status::kRead) return {status, {}};
+  return {status, reader.TakeTree()};
 } catch (const std::bad_alloc&) {
   return {};
+}
+
+xml_status ReadXmlLists(std::string_view bytes, xml_list_reader& lists) try {
+  if (bytes.size() > std::numeric_limits<int>::max()) return xml_status::kNotLoaded;
+  return xml_reader(&lists).Read(bytes);
+} catch (const std::bad_alloc&) {
+  return xml_status::kNotLoaded;
 }
 
 xml_result ReadXmlFile(const std::string& path) try {

@@ -1,4 +1,4 @@
-// XML files as element trees.
+// XML files as element trees, or as a stream of small ones.
 #pragma once
 
 #include <cstdint>
@@ -20,8 +20,6 @@ class xml_tree {
 
   // The root element; the tree must have been read without an error.
   node Root() const;
-  // In bytes, of the document.
-  std::size_t SourceSize() const { return size_; }
 
  private:
   friend class xml_reader;
@@ -32,7 +30,6 @@ class xml_tree {
   };
   std::vector<element> elements_;
   std::string characters_;  // the names and texts of all elements
-  std::size_t size_ = 0;
 };
 
 // A view into a tree, which must outlive it.
@@ -81,6 +78,17 @@ class xml_tree::children {
   std::uint32_t first_;
 };
 
+// Takes a document whose root holds lists of entries, as the parser meets them.
+class xml_list_reader {
+ public:
+  virtual ~xml_list_reader() = default;
+  virtual void OpenRoot(std::string_view name) = 0;
+  virtual void OpenList(std::string_view name) = 0;
+  // An element of the open list, which is gone after the call. False when it is too much: nothing
+  // more is read then.
+  virtual bool TakeEntry(xml_tree::node entry) = 0;
+};
+
 inline xml_tree::node xml_tree::Root() const {
   return {*this, 0};
 }
@@ -112,6 +120,9 @@ struct [[nodiscard]] xml_result {
 
 xml_result ReadXmlFile(const std::string& path);
 xml_result ParseXml(std::string_view bytes);
+
+// The same without a tree of the whole. What was taken is worth something only when all was read.
+xml_status ReadXmlLists(std::string_view bytes, xml_list_reader& lists);
 
 // & < > " ' as entities.
 std::string EscapeXml(std::string_view text);

@@ -10,28 +10,40 @@
 #include "platform/desktop.h"
 #include "platform/escaping.h"
 #include "platform/hash.h"
-#include "platform/host.h"
 
 namespace mardel {
 namespace {
 
 using lines_by_id = std::unordered_map<std::int64_t, std::int64_t, id_hash>;
 
-// The first of each id.
+std::int64_t CountLineEnds(std::string_view text) {
+  std::int64_t count = 0;
+  for (std::size_t at = 0; (at = text.find('\n', at)) != std::string_view::npos; ++at) ++count;
+  return count;
+}
+
+// Of each id the first one's, from 1. The offsets are those of the records, ascending.
 template <class record>
 lines_by_id LinesById(const cursor_list<record>& records, std::int64_t record::* id,
-                      const std::vector<std::int64_t>& lines) {
+                      const std::vector<std::size_t>& offsets, std::string_view bytes) {
   lines_by_id found;
-  auto line = lines.begin();
-  for (const record& each : records) found.emplace(each.*id, *line++);
+  std::int64_t line = 1;
+  std::size_t counted = 0;
+  auto offset = offsets.begin();
+  for (const record& each : records) {
+    const std::size_t end = std::min(std::max(*offset++, counted), bytes.size());
+    line += CountLineEnds(bytes.substr(counted, end - counted));
+    counted = end;
+    found.emplace(each.*id, line);
+  }
   return found;
 }
 
 class line_finder {
  public:
   line_finder(const raw_design& raw, std::string_view bytes)
-      : blocks_(LinesById(raw.document.blocks, &dvblock::id, LinesOf(bytes, raw.block_offsets))),
-        nets_(LinesById(raw.document.nets, &net::net_id, LinesOf(bytes, raw.net_offsets))) {}
+      : blocks_(LinesById(raw.document.blocks, &dvblock::id, raw.block_offsets, bytes)),
+        nets_(LinesById(raw.document.nets, &net::net_id, raw.net_offsets, bytes)) {}
 
   std::optional<std::int64_t> Find(const design_place& where) const {
     if (where.net_id) return Find(nets_, *where.net_id);
@@ -64,26 +76,22 @@ checked_design CheckInput(headless_program& run, const std::string& path) {
     return checked;
   }
   const std::string& content = std::get<std::string>(bytes);
-  loaded_design loaded = LinkInput(run, content, path);
-  checked.status = loaded.status;
-  std::optional<line_finder> lines;
-  const auto add = [&](const std::vector<report>& reports, std::vector<found_report>& to) {
-    for (const report& each : reports) {
-      to.push_back({path, lines ? lines->Find(each.where) : std::nullopt, each});
-    }
-  };
-  if (loaded.status != load_status::kLoaded) {
-    add(loaded.reports, checked.errors);
+  const load_context context = LoadContext(run);
+  raw_design raw;
+  checked.status = ReadRawDesign(raw, content, context.line_separator);
+  if (checked.status != load_status::kLoaded) {
+    checked.errors.push_back({.file = path, .what = LoadFailure(checked.status, path)});
     return checked;
   }
-  checked.document = std::move(loaded.document);
-  const auto raw = ReadRawDesign(content, LineSeparator(HostKind()));
-  lines.emplace(*raw, content);
-  design_findings found = FindAll(*raw, checked.document, run.libraries, run.registers);
-  checked.nodes = std::move(found.nodes);
-  add(loaded.reports, checked.errors);
+  const line_finder lines(raw, content);
+  design_findings found = FindAll(std::move(raw), context, run.registers);
+  const auto add = [&](std::vector<report>& reports, std::vector<found_report>& to) {
+    for (report& each : reports) to.push_back({path, lines.Find(each.where), std::move(each)});
+  };
   add(found.errors, checked.errors);
   add(found.warnings, checked.warnings);
+  checked.document = std::move(found.document);
+  checked.nodes = std::move(found.nodes);
   return checked;
 }
 

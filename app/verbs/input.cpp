@@ -1,7 +1,6 @@
 #include "app/verbs/input.h"
 
 #include "app/headless_program.h"
-#include "codegen/design_file.h"
 #include "platform/file_reasons.h"
 #include "platform/files.h"
 #include "platform/host.h"
@@ -20,9 +19,11 @@ std::variant<std::string, report> ReadInput(const std::string& path) {
 std::variant<raw_design, report> ReadRawInput(const std::string& path) {
   const auto bytes = ReadInput(path);
   if (const auto* failure = std::get_if<report>(&bytes)) return *failure;
-  auto raw = ReadRawDesign(std::get<std::string>(bytes), LineSeparator(HostKind()));
-  if (!raw) return LoadFailure(load_status::kMalformed, path);
-  return *std::move(raw);
+  raw_design raw;
+  const load_status status =
+      ReadRawDesign(raw, std::get<std::string>(bytes), LineSeparator(HostKind()));
+  if (status != load_status::kLoaded) return LoadFailure(status, path);
+  return raw;
 }
 
 exit_status WriteOutput(const std::string& path, std::string_view content) {

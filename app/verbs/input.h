@@ -5,7 +5,7 @@
 #include <variant>
 
 #include "app/headless.h"
-#include "codegen/findings/raw_design.h"
+#include "codegen/design_reader.h"
 #include "library/report.h"
 
 namespace mardel {

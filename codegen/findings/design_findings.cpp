@@ -42,15 +42,18 @@ void Append(std::vector<report>& to, std::vector<report> more) {
 
 }  // namespace
 
-design_findings FindAll(const raw_design& raw, const design& linked, const library_set& libraries,
-                        register_pool& pool) {
+design_findings FindAll(raw_design raw, const load_context& context, register_pool& pool) {
   design_findings found;
-  found.errors = FindTypeMismatches(linked, problem_search::kAll);
-  // Else the nets on removed blocks went with them.
-  const bool is_whole = linked.blocks.size() == raw.document.blocks.size();
-  Append(found.errors, CheckDesign(linked, raw.document.nets, problem_search::kAll));
-  FindLost(linked, libraries, found.errors);
   found.warnings = FileWarnings(raw);
+  found.document = std::move(raw.document);
+  relinking linking = RelinkDesign(found.document, context);
+  const design& linked = found.document;
+  // Else the nets on removed blocks went with them.
+  const bool is_whole = linking.missing.empty();
+  found.errors = std::move(linking.missing);
+  Append(found.errors, FindTypeMismatches(linked, problem_search::kAll));
+  Append(found.errors, CheckDesign(linked, problem_search::kAll, linking.removed));
+  FindLost(linked, context.libraries, found.errors);
   auto nodes = BuildNetlist(linked, pool);
   if (auto* const built = std::get_if<std::vector<net_node>>(&nodes)) {
     found.nodes = std::move(*built);

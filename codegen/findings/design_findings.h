@@ -4,21 +4,19 @@
 
 #include <vector>
 
-#include "codegen/findings/raw_design.h"
+#include "codegen/design_reader.h"
 #include "codegen/netlist.h"
-#include "library/library_set.h"
 #include "library/report.h"
 
 namespace mardel {
 
-struct design_findings {
+struct [[nodiscard]] design_findings {
+  design document;  // linked, without the blocks that no library has
   std::vector<report> errors, warnings;
   std::vector<net_node> nodes;  // refer to the design; none when a net joins pins of two types
 };
 
-// `linked` is the raw design with its blocks linked to their definitions; without those that no
-// library has, which were reported before. No pin is called unconnected that the file has wired.
-[[nodiscard]] design_findings FindAll(const raw_design& raw, const design& linked,
-                                      const library_set& libraries, register_pool& pool);
+// No pin is called unconnected that the file has wired.
+design_findings FindAll(raw_design raw, const load_context& context, register_pool& pool);
 
 }  // namespace mardel

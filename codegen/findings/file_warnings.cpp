@@ -1,8 +1,8 @@
 #include <unordered_set>
 
 #include "codegen/findings/warnings.h"
+#include "codegen/value_fate.h"
 #include "platform/hash.h"
-#include "platform/xml.h"
 
 namespace mardel {
 namespace {
@@ -34,26 +34,25 @@ void WarnOfRepeatedIds(const design& document, std::vector<report>& found) {
 }
 
 // Values are saved raw: what a file can hold escaped may come back changed, or not at all.
-void WarnOfValue(const std::string& value, const std::string& owner, const design_place& where,
-                 std::vector<report>& found) {
-  if (value.find_first_of("<&\r") == std::string::npos && value.find("]]>") == std::string::npos) {
-    return;
-  }
-  const xml_result read = ParseXml("<value>" + value + "</value>");
-  const bool is_readable = read.status == xml_status::kRead;
-  if (is_readable && !read.tree.Root().HasChildren() && read.tree.Root().Text() == value) return;
-  found.push_back(
-      Warning(is_readable ? rule::kValueChanges : rule::kValueBreaksFile, "Value Warning",
-              (is_readable ? "Saved and opened again, \"" : "Saved, \"") + value +
-                  (is_readable ? "\" changes on " : "\" makes the file unreadable on ") + owner,
-              where));
+// `name_owner` gives words for whose the value is.
+template <class function>
+void WarnOfValue(const std::string& value, const design_place& where, std::vector<report>& found,
+                 function name_owner) {
+  const value_fate fate = FateOfValue(value);
+  if (fate == value_fate::kKept) return;
+  const bool breaks = fate == value_fate::kBreaksFile;
+  found.push_back(Warning(breaks ? rule::kValueBreaksFile : rule::kValueChanges, "Value Warning",
+                          (breaks ? "Saved, \"" : "Saved and opened again, \"") + value +
+                              (breaks ? "\" makes the file unreadable on " : "\" changes on ") +
+                              name_owner(),
+                          where));
 }
 
 void WarnOfValues(const design& document, std::vector<report>& found) {
   for (const dvblock& block : document.blocks) {
-    const std::string owner = BlockName(block);
-    const design_place where = PlaceOf(block);
-    const auto check = [&](const std::string& value) { WarnOfValue(value, owner, where, found); };
+    const auto check = [&](const std::string& value) {
+      WarnOfValue(value, PlaceOf(block), found, [&] { return BlockName(block); });
+    };
     check(block.lib);
     check(block.sub);
     for (const pin& p : block.pins) check(p.pin_name);
@@ -63,9 +62,10 @@ void WarnOfValues(const design& document, std::vector<report>& found) {
     }
   }
   for (const net& wire : document.nets) {
-    const std::string owner = "net " + std::to_string(wire.net_id);
-    WarnOfValue(wire.pin_1_name, owner, {.net_id = wire.net_id}, found);
-    WarnOfValue(wire.pin_2_name, owner, {.net_id = wire.net_id}, found);
+    for (const std::string* name : {&wire.pin_1_name, &wire.pin_2_name}) {
+      WarnOfValue(*name, {.net_id = wire.net_id}, found,
+                  [&] { return "net " + std::to_string(wire.net_id); });
+    }
   }
 }
 

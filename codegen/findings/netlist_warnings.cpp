@@ -98,8 +98,8 @@ void WarnOfSplitNodes(const std::vector<explained_node>& nodes, const net_ends& 
   }
 }
 
-// Each end with the registers of its nodes, several where nodes stayed apart.
-using end_registers = std::unordered_map<std::uint32_t, std::set<std::string_view>>;
+// Ends with the registers of their nodes, several where nodes stayed apart; sorted.
+using end_registers = std::vector<std::pair<std::uint32_t, std::string_view>>;
 
 void WarnOfNumbers(const design& document, std::vector<report>& found) {
   std::unordered_map<std::int64_t, const dvblock*, id_hash> blocks;
@@ -127,12 +127,13 @@ void WarnOfNumbers(const design& document, std::vector<report>& found) {
 void WarnOfArguments(const dvblock& block, const end_registers& expected, const net_ends& ends,
                      const pin_registers& written, std::vector<report>& found) {
   for (const pin& p : block.pins) {
-    const auto on = expected.find(ends.Find(block.id, p.pin_name));
-    if (on == expected.end() || !IsRegisterClass(p.pin_type)) continue;
+    const auto on = std::ranges::equal_range(expected, ends.Find(block.id, p.pin_name), {},
+                                             &end_registers::value_type::first);
+    if (on.empty() || !IsRegisterClass(p.pin_type)) continue;
     const std::string_view argument = written.Find({block.id, p.pin_num});
-    const std::set<std::string_view>& registers = on->second;
+    // What is empty there was told of the node.
+    if (std::ranges::count(on, argument, &end_registers::value_type::second) > 0) continue;
     const std::string at = BlockName(block) + " pin: " + p.pin_name;
-    if (registers.contains(argument)) continue;  // what is empty there was told of the node
     if (argument.empty()) {
       found.push_back(Warning(rule::kPinWithoutArgument, kPin,
                               "An empty argument is written for a wired pin on " + at,
@@ -141,7 +142,7 @@ void WarnOfArguments(const dvblock& block, const end_registers& expected, const 
       found.push_back(Warning(rule::kPinOnOtherRegister, kPin,
                               "Register " + std::string(argument) +
                                   " is written for a pin wired to " +
-                                  std::string(*registers.begin()) + " on " + at,
+                                  std::string(on.front().second) + " on " + at,
                               PlaceOf(block)));
     }
   }
@@ -160,9 +161,10 @@ std::vector<report> NetlistWarnings(const design& document, const std::vector<ne
   end_registers expected;
   for (const explained_node& each : explained) {
     for (const node_pin& p : each.pins) {
-      expected[ends.Find(p.block_id, p.pin_name)].insert(each.node->mr);
+      expected.emplace_back(ends.Find(p.block_id, p.pin_name), each.node->mr);
     }
   }
+  std::ranges::sort(expected);
   const pin_registers written(nodes);
   for (const dvblock& block : document.blocks) {
     if (!IsRegisterClass(block.lib)) WarnOfArguments(block, expected, ends, written, found);

@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
+#include "codegen/design_reader.h"
 #include "codegen/findings/node_explanation.h"
-#include "codegen/findings/raw_design.h"
 #include "library/report.h"
 
 namespace mardel {

@@ -29,12 +29,14 @@ void RequireArguments(const design& document, const std::vector<net_node>& nodes
 void TryInput(std::string_view input) {
   fuzzed_design loaded(input);
   if (!loaded.IsLoaded()) return;
-  const design& document = loaded.document;
-  const auto raw = ReadRawDesign(input.substr(0, input.find('\0')), "\n");
+  raw_design raw;
+  if (ReadRawDesign(raw, input.substr(0, input.find('\0')), "\n") != load_status::kLoaded) return;
   register_pool pool = ChipRegisters();
-  const design_findings found = FindAll(*raw, document, loaded.Libraries().set, pool);
+  const known_libraries& known = loaded.Libraries();
+  const design_findings found = FindAll(std::move(raw), {known.set, known.metrics, "\n"}, pool);
+  const design& document = found.document;
   const explanation explained = ExplainDesign(document, found.nodes, pool, expert_mode::kOn);
-  if (!found.errors.empty() || document.blocks.size() != raw->document.blocks.size()) return;
+  if (!found.errors.empty()) return;
   const source_text source =
       SourceText(document, found.nodes, pool, {"", FixedMoment(), expert_mode::kOn});
   Require(!source.problem, "what has no errors is written whole");
