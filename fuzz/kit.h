@@ -5,7 +5,6 @@ namespace mardel {
 
 // Two definitions of one name, parameters and pins of one name, pins beneath each other, no pins.
 constexpr const char* kKit = R"(<library><name>Kit</name>
-<sub><name>a &amp; b</name></sub>
 <sub><name>Bare</name></sub>
 <sub><name>Valued</name><param><name>Gain</name><type>Number</type><default>1</default></param></sub>
 <sub><name>Twice</name>

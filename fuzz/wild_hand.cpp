@@ -8,9 +8,10 @@ namespace {
 
 // More than a few blocks only make the run slow.
 constexpr std::size_t kManyBlocks = 40;
-// Those at the end of the libraries whose names can be saved.
-constexpr std::size_t kSafeBlocks = 7;
+// At the end of the libraries, of the one that comes from a file.
+constexpr std::size_t kOwnBlocks = 7;
 
+// kept: values are written raw, so that with "<" or "&" a file does not open again.
 const std::vector<std::string> kTyped = {"",     "0",  "0x7FFF",    "a b",     " 1 ", "\t",
                                          "ü€\"", "'>", "long long", "\"quote", "-1",  "]"};
 const std::vector<std::string> kLines = {"\n", "", "a & b", "<b>x</b>", " ", "\t", "]]>", "é"};
@@ -62,11 +63,9 @@ event wild_hand::AnswerWindow(int number) {
 }
 
 void wild_hand::Fill(int number) {
-  // kept: names and values are written raw, so "<" and "&" make a file that does not open again.
-  const bool is_raw = random_.OneIn(300);
   for (const gadget& each : desk_.open_windows.at(number).gadgets) {
     if (each.kind == gadget_kind::kTextField && random_.OneIn(2)) {
-      desk_.Type(number, each.id, is_raw ? "a<b" : random_.SomeOf(kTyped));
+      desk_.Type(number, each.id, random_.SomeOf(kTyped));
     }
     if (each.kind == gadget_kind::kEditor && !random_.OneIn(4)) {
       std::string text;
@@ -131,7 +130,7 @@ event wild_hand::SingleEvent() {
     case 3:
       return canvas_key{random_.OneIn(2) ? kDeleteKeyCode : static_cast<int>(random_.Below(200))};
     case 4:
-      return canvas_wheel{{0, 10 * (static_cast<int>(random_.Below(9)) - 4)}};
+      return canvas_arrow{{random_.OneIn(2) ? 1 : -1, 0}, random_.OneIn(2), random_.OneIn(2)};
     case 5:
       return UseSomeWindow();
     case 6:
@@ -140,6 +139,8 @@ event wild_hand::SingleEvent() {
     case 7:
     case 8:
       return menu_chosen{SomeMenuId()};
+    case 9:
+      return canvas_shortcut{static_cast<edit_shortcut>(random_.Below(4))};
     default:
       return Mouse(mouse_action::kMove, SomePoint());
   }
@@ -177,13 +178,12 @@ int wild_hand::SomeMenuId() {
   }
 }
 
-// Mostly of the library at the end, which comes from a file.
 int wild_hand::SomeBlockId() {
   const auto& all = app_.libraries.Definitions();
   const std::size_t last = all.size() - 1;
   const bool is_any = random_.OneIn(6);
   if (app_.work.document.blocks.size() >= kManyBlocks && !is_any) return app_.ids.undo;
-  return all[last - random_.Below(is_any ? all.size() : kSafeBlocks)].id;
+  return all[last - random_.Below(is_any ? all.size() : kOwnBlocks)].id;
 }
 
 point wild_hand::SomePoint() {

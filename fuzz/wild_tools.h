@@ -2,7 +2,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "fuzz/wild_ui.h"
 #include "platform/process.h"
@@ -13,13 +12,10 @@ class wild_tools : public process_runner {
  public:
   explicit wild_tools(dice& random) : random_(random) {}
 
-  std::vector<tool_result> results;  // since the last event
-
   tool_result RunTool(const std::string& /*program*/, const std::string& /*arguments*/) override {
-    results.push_back({.started = !random_.OneIn(4),
-                       .output = "",
-                       .exit_code = static_cast<std::int64_t>(random_.Below(2))});
-    return results.back();
+    return {.started = !random_.OneIn(4),
+            .output = "",
+            .exit_code = static_cast<std::int64_t>(random_.Below(2))};
   }
 
  private:

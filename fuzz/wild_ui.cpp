@@ -13,10 +13,9 @@ int wild_ui::ModalWindow() const {
 }
 
 answer wild_ui::ShowMessage(const message& shown) {
-  last.messages.push_back(shown.title);
+  ++last.messages;
   if (shown.buttons == message_buttons::kOk) return answer::kOk;
-  last.answers.push_back(random_.OneIn(3) ? answer::kYes : answer::kNo);
-  return last.answers.back();
+  return random_.OneIn(3) ? answer::kYes : answer::kNo;
 }
 
 std::string wild_ui::AskOpenFile(const file_request& /*request*/) {

@@ -36,15 +36,13 @@ class wild_ui : public ui {
 
   // Since the last event.
   struct happenings {
-    std::vector<std::string> messages;  // titles
-    std::vector<answer> answers;
-    std::string path;
+    int messages = 0;
+    std::string path;  // that a requester was answered by
     bool is_redrawn = false;
   };
   happenings last;
 
   // What is to be seen.
-  std::string title;
   std::string status[4];
   pointer_shape pointer = pointer_shape::kNormal;
   overlay over;
@@ -66,15 +64,15 @@ class wild_ui : public ui {
   answer ShowMessage(const message& shown) override;
   std::string AskOpenFile(const file_request& request) override;
   std::string AskSaveFile(const file_request& request) override;
-  void SetTitle(const std::string& shown) override { title = shown; }
+  void SetTitle(const std::string& /*shown*/) override {}
   void SetStatus(int field, const std::string& text) override { status[field] = text; }
   void SetPointer(pointer_shape shape) override { pointer = shape; }
   void Redraw() override;
   void ShowOverlay(const overlay& shape) override { over = shape; }
   void ScrollBy(point /*pixels*/) override {}
   void ScrollTo(const rectangle& /*place*/) override {}
-  std::string ClipboardText() const override { return {}; }
-  void SetClipboardText(const std::string& /*text*/) override {}
+  std::string ClipboardText() const override { return clipboard_; }
+  void SetClipboardText(const std::string& text) override { clipboard_ = text; }
   void CheckMenuItem(int /*id*/, bool /*checked*/) override {}
   int OpenWindow(const window& contents) override;
   void CloseWindow(int number) override;
@@ -90,6 +88,7 @@ class wild_ui : public ui {
   const gadget& Find(int number, int gadget_id) const;
 
   dice& random_;
+  std::string clipboard_;
   std::map<int, window> all_windows_;
   std::map<std::pair<int, int>, std::string> typed_;  // by window and gadget
   std::map<std::pair<int, int>, bool> checked_;

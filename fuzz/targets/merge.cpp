@@ -4,29 +4,52 @@
 
 #include "codegen/compare/design_diff.h"
 #include "codegen/compare/design_merge.h"
+#include "editor/deletion.h"
 #include "fuzz/target.h"
 
 namespace mardel {
 namespace {
 
+void AddBlock(design& document, std::int64_t id, const char* sub, std::int64_t x) {
+  document.blocks.Append({.id = id,
+                          .lib = "dsp",
+                          .sub = sub,
+                          .x = x,
+                          .pins = {{1, "a", "", "", ""}},
+                          .params = {{1, "p", "", "1", ""}}});
+}
+
+void AddNet(design& document, std::int64_t from, std::int64_t to, const char* pin) {
+  if (FindBlock(document, from) == nullptr || FindBlock(document, to) == nullptr) return;
+  net wire;
+  wire.net_id = std::ssize(document.nets);
+  wire.id_1 = from;
+  wire.id_2 = to;
+  wire.pin_1_name = wire.pin_2_name = pin;
+  document.nets.Append(wire);
+}
+
 // The blocks of even ids are one editor's, those of odd ids the other's.
-class editor {
- public:
-  editor(design& edited, std::int64_t own, std::int64_t count)
-      : edited_(edited), own_(own), count_(count) {}
+struct editor {
+  design& edited;
+  std::int64_t own, next_id;
+  std::int64_t places = 0;
+  undo_stack undo = {};
 
   void Edit(unsigned what, unsigned which) {
-    const std::int64_t id = (which % 8) * 2 + own_;
-    dvblock* const block = FindBlock(edited_, id);
+    const std::int64_t id = (which % 8) * 2 + own;
+    const char* const pin = own == 0 ? "a" : "b";
+    dvblock* const block = FindBlock(edited, id);
     switch (what % 8) {
       case 0:
-        return Place(id);
+        AddBlock(edited, next_id, "Mix", NewPlace());
+        return AddNet(edited, next_id++, id, pin);
       case 1:
-        return Wire(id, (which / 8) * 2 + own_);
+        return AddNet(edited, id, (which / 8) * 2 + own, pin);
       case 2:
-        return DeleteWhere(edited_.nets, [id](const net& wire) { return wire.id_1 == id; });
+        return DeleteNetsFrom(id);
       case 3:
-        return Annotate(which);
+        return Annotate(id);
       case 4:
         if (block != nullptr) block->x = NewPlace();
         return;
@@ -37,80 +60,37 @@ class editor {
         if (block != nullptr) block->lib += 'l';
         return;
       default:
-        DeleteWhere(edited_.nets, [id](const net& wire) { return Touches(wire, id); });
-        DeleteWhere(edited_.blocks, [id](const dvblock& each) { return each.id == id; });
+        DeleteBlock(edited, undo, id, recording::kOff);
     }
   }
 
- private:
-  template <class record, class predicate>
-  static void DeleteWhere(cursor_list<record>& list, predicate is_meant) {
-    for (auto each = list.begin(); each != list.end();) {
-      each = is_meant(*each) ? list.Delete(each) : std::next(each);
+  std::int64_t NewPlace() { return 1000 + 10 * ++places + own; }
+
+  void DeleteNetsFrom(std::int64_t id) {
+    for (auto each = edited.nets.begin(); each != edited.nets.end();) {
+      each = each->id_1 == id ? edited.nets.Delete(each) : std::next(each);
     }
   }
 
-  std::int64_t NewPlace() { return 1000 + 10 * ++places_ + own_; }
-
-  void Place(std::int64_t wired_to) {
-    const std::int64_t id = count_ + added_++;
-    edited_.blocks.Append({.id = id,
-                           .lib = "dsp",
-                           .sub = "Mix",
-                           .x = NewPlace(),
-                           .pins = {{1, "a", "", "", ""}},
-                           .params = {{1, "p", "", "1", ""}}});
-    if (FindBlock(edited_, wired_to) != nullptr) Wire(id, wired_to);
-  }
-
-  void Wire(std::int64_t from, std::int64_t to) {
-    if (FindBlock(edited_, from) == nullptr || FindBlock(edited_, to) == nullptr) return;
-    net wire;
-    wire.net_id = std::ssize(edited_.nets);
-    wire.id_1 = from;
-    wire.id_2 = to;
-    wire.pin_1_name = wire.pin_2_name = own_ == 0 ? "a" : "b";
-    edited_.nets.Append(wire);
-  }
-
-  void Annotate(unsigned which) {
-    for (textblock& note : edited_.texts) {
-      if (note.id != which % 8 * 2 + own_) continue;
-      note.y = NewPlace();
-      return;
+  void Annotate(std::int64_t id) {
+    for (textblock& note : edited.texts) {
+      if (note.id == id) return static_cast<void>(note.y = NewPlace());
     }
-    edited_.texts.Append({.id = 100, .text_str = std::to_string(which), .x = NewPlace()});
+    edited.texts.Append({.id = 100, .text_str = std::to_string(id), .x = NewPlace()});
   }
-
-  design& edited_;
-  std::int64_t own_, count_;
-  std::int64_t added_ = 0, places_ = 0;
 };
 
 void Fill(design& base, std::string_view from) {
-  for (std::int64_t id = 0; id < 16; ++id) {
-    base.blocks.Append({.id = id,
-                        .lib = "dsp",
-                        .sub = id % 3 == 0 ? "Gain" : "Mix",
-                        .x = 10 * id,
-                        .pins = {{1, "a", "", "", ""}},
-                        .params = {{1, "p", "", "1", ""}}});
-  }
-  for (const char byte : from) {
-    net wire;
-    wire.net_id = std::ssize(base.nets);
-    wire.id_1 = byte % 16;
-    wire.id_2 = byte / 16 % 16;
-    wire.pin_1_name = wire.pin_2_name = "c";
-    base.nets.Append(wire);
-  }
+  for (std::int64_t id = 0; id < 16; ++id)
+    AddBlock(base, id, id % 3 == 0 ? "Gain" : "Mix", 10 * id);
+  for (const char byte : from) AddNet(base, byte % 16, byte / 16 % 16, "c");
   for (std::int64_t id = 0; id < 6; ++id) {
     base.texts.Append({.id = id, .text_str = "note", .x = 5 * id});
   }
 }
 
 void EditAll(design& edited, std::int64_t own, std::string_view from) {
-  editor hand(edited, own, std::ssize(edited.blocks));
+  editor hand{edited, own, std::ssize(edited.blocks)};
   for (; from.size() >= 2; from.remove_prefix(2)) {
     hand.Edit(static_cast<unsigned char>(from[0]), static_cast<unsigned char>(from[1]));
   }
@@ -122,10 +102,6 @@ std::set<std::string> Changes(const design& from, const design& to) {
   return lines;
 }
 
-void Merge(design& merged, const three_designs& versions) {
-  Require(MergeDesigns(merged, versions).empty(), "no conflict");
-}
-
 }  // namespace
 
 void TryInput(std::string_view input) {
@@ -135,8 +111,9 @@ void TryInput(std::string_view input) {
   for (design* each : {&base, &left, &right}) Fill(*each, wires);
   EditAll(left, 0, input.substr(third, third));
   EditAll(right, 1, input.substr(2 * third));
-  Merge(one_way, {base, left, right});
-  Merge(other_way, {base, right, left});
+  Require(MergeDesigns(one_way, {base, left, right}).empty() &&
+              MergeDesigns(other_way, {base, right, left}).empty(),
+          "no conflict");
   Require(Changes(one_way, other_way).empty(), "either order gives the same design");
   std::set<std::string> both = Changes(base, left);
   both.merge(Changes(base, right));

@@ -55,7 +55,9 @@ void TryInput(std::string_view input) {
     Require(std::get<report>(built).where.net_id == literal.mismatched->net_id,
             "and for the same net");
   }
-  (void)CheckDesign(document, problem_search::kAll);
+  Require(CheckDesign(document, problem_search::kFirst).empty() ==
+              CheckDesign(document, problem_search::kAll).empty(),
+          "the check finds what there is");
 }
 
 }  // namespace mardel

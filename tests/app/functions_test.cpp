@@ -80,13 +80,30 @@ std::string Separator(const arguments& words) {
   return std::string(LineSeparator(Host(words[0])));
 }
 
+std::string Describe(const settings& s) {
+  return s.files_path + ' ' + s.libraries_path + ' ' + s.exec_path + s.pre_exe + ' ' + s.asm_exe +
+         ' ' + std::to_string(static_cast<int>(s.run_opt)) + " [" + s.dravik_i2c + ']' +
+         (s.expert == expert_mode::kOn ? " expert" : "");
+}
+
 std::string Defaults(const arguments& words) {
-  const settings s = DefaultSettings(Host(words[0]), {words[1], words[2], words[3]});
-  return s.files_path + ' ' + s.libraries_path + ' ' + s.exec_path + s.pre_exe + ' ' + s.asm_exe;
+  return Describe(DefaultSettings(Host(words[0]), {words[1], words[2], words[3]}));
+}
+
+// On Linux, with the folders /d/ and /a/.
+std::string Configured(const arguments& words) {
+  const scratch_folder folder;
+  WriteAll(folder.Path() + "file", words[0]);
+  settings read = DefaultSettings(host_kind::kLinux, {"/d/", "/a/", "/h/"});
+  (void)LoadConfiguration(read, folder.Path() + "file");
+  return Describe(read);
 }
 
 TEST(AppFunctions, GiveWhatTheirTableSays) {
-  ExpectTable("app.txt", {{"Parse", Parse}, {"Defaults", Defaults}, {"LineSeparator", Separator}});
+  ExpectTable("app.txt", {{"Parse", Parse},
+                          {"Defaults", Defaults},
+                          {"Configured", Configured},
+                          {"LineSeparator", Separator}});
 }
 
 // The file in the current folder comes before that in the documents.

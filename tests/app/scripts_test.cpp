@@ -4,7 +4,6 @@
 #include <deque>
 
 #include "app/about_box.h"
-#include "app/configuration.h"
 #include "app/event_handling.h"
 #include "app/reports.h"
 #include "app/startup.h"
@@ -227,9 +226,13 @@ class program_player {
     for (const net& wire : design_.nets) act(wire);
     for (const textblock& note : design_.texts) act(note);
   }
+  // Of the undo stack what is new since it was last shown.
   void ShowState() {
     ForAll([this](auto& each) { ShowLine(Line(each)); });
-    for (const undo_record& record : work_.undo.records) ShowLine(Line(record));
+    for (const undo_record& record : work_.undo.records) {
+      if (record.undo_group > last_group_) ShowLine(Line(record));
+    }
+    if (!work_.undo.records.empty()) last_group_ = work_.undo.records.back().undo_group;
     if (design_.unsaved_changes) Show("unsaved");
     if (design_.has_selection) Show("selection");
     if (!std::holds_alternative<resting>(work_.hand)) Show("busy");
@@ -271,9 +274,10 @@ class program_player {
     out << reach->left << ' ' << reach->top << ' ' << reach->right << ' ' << reach->bottom;
     Show(out.str());
   }
-  void ShowMenus(host_kind host) {
-    for (const menu& each : MenuBar(host, MenuIds(26), {})) {
-      Show(each.title + Describe(each.items, "  "));
+  // Of all titles, or of the one that is named.
+  void ShowMenus(a words) {
+    for (const menu& each : MenuBar(Host({words[0]}), MenuIds(26), {})) {
+      if (words.size() == 1 || each.title == words[1]) Show(each.title + Describe(each.items));
     }
   }
 
@@ -285,6 +289,7 @@ class program_player {
   program app_{{desk_, metrics_, runner_, FixedMoment}};
   workspace& work_ = app_.work;
   design& design_ = work_.document;
+  std::int64_t last_group_ = -1;  // of the undo records that were shown
 
   const std::map<std::string, std::function<void(a)>> commands_ = {
       // The user.
@@ -368,18 +373,13 @@ class program_player {
       {"tools", [this](a w) { RunTools(w); }},
       // What is shown of them.
       {"show", [this](a) { ShowState(); }},
+      {"show_net", [this](a w) { Show(Line(*std::next(design_.nets.begin(), Number(w[0])))); }},
       {"figures", [this](a) { ShowFigures(); }},
       {"window", [this](a) { Show(Describe(desk_.windows.at(Window()))); }},
-      {"menus", [this](a w) { ShowMenus(Host(w)); }},
+      {"menus", [this](a w) { ShowMenus(w); }},
       {"about", [this](a w) { Show(Describe(AboutWindow(Number(w[0]), w[1]))); }},
       {"draw", [this](a w) { ShowDrawing(w.empty() ? grid::kHidden : grid::kShown); }},
       {"lines", [this](a) { ShowLines(); }},
-      {"configuration",
-       [this](a) {
-         Show(app_.options.pre_exe + ' ' + app_.options.asm_exe);
-         ShowText(ConfigurationText(app_.options));
-       }},
-      {"clipboard", [this](a) { ShowText(desk_.clipboard); }},
       {"extent", [this](a) { ShowExtent(); }},
       {"type_of", [this](a w) { Show('[' + PinType(design_, Number(w[0]), w[1]) + ']'); }},
       {"read", [this](a w) { ShowText(ReadAll(w[0])); }},

@@ -59,5 +59,5 @@ change
 xdotool key ctrl+q
 appears 'Unsaved Changes'
 xdotool key alt+y
-wait "$program"
+ends
 diff one.mrd "$fixtures/undone.mrd"

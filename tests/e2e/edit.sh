@@ -20,7 +20,7 @@ generates() {
 
 is_called() {
   local call
-  read -r -u "$calls" call
+  read -r -t 60 -u "$calls" call || in_vain "$1"
   diff <(echo "$call") <(echo "$1")
 }
 
@@ -43,6 +43,9 @@ choose Right Right Down Down Down Right Return
 at 30 30 mousedown 1
 at 330 130 mouseup 1
 choose Right Right Right Return
+at 63 23 mousedown 1
+at 200 200 key Escape
+at 315 123 mouseup 1 # no wire any more
 at 63 23 mousedown 1
 at 315 123 mouseup 1
 at 330 130 click 3

@@ -1,5 +1,6 @@
 # What the scripts beside this one share: a display, a window system and a home of their own, and a
-# hand on keyboard and mouse. Every wait is for something that the program shows or does.
+# hand on keyboard and mouse. Every wait is for something that the program shows or does, and tells
+# after a minute what that was.
 # shellcheck shell=bash
 set -euo pipefail
 fixtures=$(cd "$(dirname "${BASH_SOURCE[0]}")/../fixtures/e2e" && pwd)
@@ -11,14 +12,23 @@ mkdir "$work/Documents"
 cp "$fixtures"/*.dvl "$work/"
 cd "$work"
 
+# within_a_minute WHAT COMMAND...: ends the script when the command takes longer or fails.
+within_a_minute() {
+  timeout 60 "${@:2}" || in_vain "$1"
+}
+in_vain() {
+  echo "${BASH_SOURCE[-1]}: waited in vain for $1" >&2
+  exit 1
+}
+
 mkfifo display calls
 exec {display}<>display {calls}<>calls
 Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>&"$display" &>/dev/null &
 server=$!
-read -r -u "$display" number
+read -r -t 60 -u "$display" number || in_vain "a display"
 export DISPLAY=:$number
 openbox --startup "sh -c 'echo ready >$work/calls'" &>/dev/null &
-read -r -u "$calls" _
+read -r -t 60 -u "$calls" _ || in_vain "the window manager"
 
 # settle: every folder of the configuration is the current one.
 settle() {
@@ -38,21 +48,32 @@ start() {
   main=$window
 }
 
-# appears TITLE: waits for the window and for its having the keyboard; leaves its id in $window.
+# appears TITLE: waits for the window and for its having the keyboard; leaves its id in $window. Of
+# windows that go while they are asked for their titles nothing is told.
 appears() {
-  window=$(xdotool search --sync --onlyvisible --limit 1 --name "^$1\$")
-  xdotool windowactivate --sync "$window"
+  local changes list id
+  exec {changes}< <(xprop -root -notype -spy _NET_CLIENT_LIST)
+  window=
+  while [[ -z $window ]]; do
+    read -r -t 60 -u "$changes" list || in_vain "a window named $1"
+    list=${list#*#}
+    for id in ${list//,/ }; do
+      if xprop -id "$id" -notype _NET_WM_NAME 2>/dev/null | grep -qx ".* = \"$1\""; then window=$id; fi
+    done
+  done
+  exec {changes}<&-
+  within_a_minute "the keyboard in $1" xdotool windowactivate --sync "$window"
 }
 
 # goes KEY...: types the keys and waits for $window to be gone and the main window to be back.
 goes() {
   local gone
   exec {gone}< <(xprop -id "$window" -spy WM_STATE 2>/dev/null)
-  read -r -u "$gone" _
+  read -r -t 60 -u "$gone" _ || in_vain "the state of the window"
   xdotool key "$@"
-  cat <&"$gone" >/dev/null
+  within_a_minute "the window's going at $*" cat <&"$gone" >/dev/null
   exec {gone}<&-
-  xdotool windowactivate --sync "$main"
+  within_a_minute "the main window" xdotool windowactivate --sync "$main"
 }
 
 # choose KEY...: from the open File menu on.
@@ -70,5 +91,11 @@ name_file() {
 # Ends the program by Quit, which has nothing to ask.
 quit() {
   xdotool key ctrl+q
-  wait "$program"
+  ends
+}
+
+# ends: waits for the program.
+ends() {
+  within_a_minute "the program's end" tail -s 0.1 --pid="$program" -f /dev/null
+  wait "$program" 2>/dev/null
 }

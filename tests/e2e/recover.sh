@@ -16,7 +16,7 @@ outlives() (
   xdotool type "$1"
   goes Tab space
   if [[ $1 == display ]]; then kill "$server"; else kill -"$1" "$program"; fi
-  wait "$program" 2>/dev/null || true
+  ends || true
   "$MARDEL" --recover >recovered
   diff recovered <(for each in Recovered/*; do echo "recovered: $work/$each"; done)
   grep "<text_str>$1</text_str>" Recovered/Untitled*.mrd >/dev/null

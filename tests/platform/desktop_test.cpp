@@ -10,10 +10,12 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QScreen>
 #include <QScrollBar>
 #include <QTimer>
+#include <QUrl>
 #include <variant>
 
 #include "platform/qt/canvas.h"
@@ -43,9 +45,7 @@ std::string Describe(const event& happened) {
     std::string operator()(const canvas_shortcut& e) {
       return "shortcut " + std::to_string(static_cast<int>(e.what));
     }
-    std::string operator()(const files_dropped& e) {
-      return "dropped " + std::to_string(e.paths.size());
-    }
+    std::string operator()(const files_dropped& e) { return "dropped " + e.paths.front(); }
     std::string operator()(const canvas_key& e) { return "key " + std::to_string(e.code); }
     std::string operator()(const canvas_interrupted&) { return "interrupted"; }
     std::string operator()(const gadget_used& e) { return "gadget " + std::to_string(e.gadget); }
@@ -82,9 +82,14 @@ class desktop_test : public testing::Test {
     QApplication::sendEvent(target, &sent);
   }
 
-  static void Key(QWidget* target, int key) {
-    QKeyEvent sent(QEvent::KeyPress, key, Qt::NoModifier);
+  static void Key(QWidget* target, int key, Qt::KeyboardModifiers held = Qt::NoModifier) {
+    QKeyEvent sent(QEvent::KeyPress, key, held);
     QApplication::sendEvent(target, &sent);
+  }
+
+  static void Wheel(QPoint turned, Qt::KeyboardModifiers held = Qt::NoModifier) {
+    QWheelEvent sent({}, {}, {}, turned, Qt::NoButton, held, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(Find<canvas>(), &sent);
   }
 
   desktop& desk = SharedDesktop();
@@ -101,13 +106,26 @@ TEST_F(desktop_test, DeliversMouseAndKeysOnce) {
     Mouse(QEvent::MouseButtonRelease, {9, 10}, Qt::LeftButton);
     Mouse(QEvent::MouseButtonPress, {1, 2}, Qt::RightButton);
     Mouse(QEvent::MouseButtonRelease, {1, 2}, Qt::RightButton);
+    Mouse(QEvent::MouseButtonPress, {1, 2}, Qt::LeftButton);
+    QHideEvent hidden;
+    QApplication::sendEvent(Find<canvas>(), &hidden);
     Key(Find<canvas>(), Qt::Key_Backspace);
     Key(Find<canvas>(), Qt::Key_Delete);
     Key(Find<canvas>(), Qt::Key_A);
+    Key(Find<canvas>(), Qt::Key_Left, Qt::ShiftModifier);
+    for (int eighths = 0; eighths < 24; eighths += 6) Wheel({0, 6});
+    Wheel({0, -130}, Qt::ShiftModifier);
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile("/a b.mrd")});
+    QDragEnterEvent entered({}, Qt::CopyAction, &files, Qt::NoButton, Qt::NoModifier);
+    QDropEvent dropped({}, Qt::CopyAction, &files, Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(Find<QMainWindow>(), &entered);
+    QApplication::sendEvent(Find<QMainWindow>(), &dropped);
   });
-  EXPECT_EQ(heard,
-            (strings{"mouse 1 at 5,6", "mouse 0 at -7,2000", "mouse 2 at 9,10", "mouse 1 at 9,10",
-                     "interrupted", "mouse 3 at 1,2", "key 127", "key 127"}));
+  EXPECT_EQ(heard, (strings{"mouse 1 at 5,6", "mouse 0 at -7,2000", "mouse 2 at 9,10",
+                            "mouse 1 at 9,10", "interrupted", "mouse 3 at 1,2", "mouse 1 at 1,2",
+                            "interrupted", "key 127", "key 127", "arrow -1,0 shift", "wheel 0,1",
+                            "wheel 0,1", "wheel -10,0", "dropped /a b.mrd"}));
 }
 
 TEST_F(desktop_test, TheCanvasKeepsTheKeyboard) {

@@ -47,6 +47,11 @@ TEST(Functions, GiveWhatTheirTableSays) {
        {"SplitArguments", [](auto& a) { return Bracketed(SplitArguments(a.at(0))); }},
        {"NameFilters", [](auto& a) { return Filters(a.at(0)); }},
        {"Brand", [](auto& a) { return BrandFromProcessorInformation(a.at(0)); }},
+       {"System",
+        [](auto& a) {
+          const int number = Number(a.at(0));
+          return SystemFamilyName(number) + " " + SystemVersionName(number);
+        }},
        {"Linux", [&](auto& a) { return code(LinuxVersionCode(Number(a.at(0)), Number(a.at(1)))); }},
        {"Mac", [&](auto& a) { return code(MacVersionCode(Number(a.at(0)), Number(a.at(1)))); }},
        {"Windows",

@@ -48,18 +48,23 @@ class gadgets_test : public testing::Test {
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
 
-  // Shows the box, hands it to `act` and tells the answer.
-  template <class action>
-  answer WithBox(const message& shown, action act) {
+  // Hands the dialog that `ask` opens to `act`, and tells what it asked for.
+  template <class dialog, class asking, class action>
+  static auto With(asking ask, action act) {
     QTimer opens;
     QObject::connect(&opens, &QTimer::timeout, [&] {
-      auto* const box = Find<QMessageBox>();
-      if (box == nullptr) return;
+      auto* const found = Find<dialog>();
+      if (found == nullptr) return;
       opens.stop();
-      act(*box);
+      act(*found);
     });
     opens.start(0);
-    return desk.ShowMessage(shown);
+    return ask();
+  }
+
+  template <class action>
+  answer WithBox(const message& shown, action act) {
+    return With<QMessageBox>([&] { return desk.ShowMessage(shown); }, act);
   }
 
   desktop& desk = SharedDesktop();
@@ -308,18 +313,26 @@ TEST_F(gadgets_test, BoxesShowTheBeginningAndTheEndOfAHugeText) {
 TEST_F(gadgets_test, RequestersTakeNamesAsTheyAre) {
   const scratch_folder folder;
   for (const std::string name : {"7\"tap.mrd", "st*r.mrd", "wh?t.mrd", "plain.mrd"}) {
-    QTimer opens;
-    QObject::connect(&opens, &QTimer::timeout, [&] {
-      auto* const requester = Find<QFileDialog>();
-      if (requester == nullptr) return;
-      opens.stop();
-      EXPECT_EQ(requester->findChild<QLineEdit*>("fileNameEdit")->text().toStdString(), name);
-      Press(*requester->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
-    });
-    opens.start(0);
     const std::string path = folder.Path() + name;
-    EXPECT_EQ(desk.AskSaveFile({"T", path, "Mardel file (*.mrd)|*.mrd"}), path);
+    const std::string given = With<QFileDialog>(
+        [&] { return desk.AskSaveFile({"T", path, "Mardel file (*.mrd)|*.mrd"}); },
+        [&](QFileDialog& requester) {
+          EXPECT_EQ(requester.findChild<QLineEdit*>("fileNameEdit")->text().toStdString(), name);
+          Press(*requester.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+        });
+    EXPECT_EQ(given, path);
   }
+  // To open, only of files; of a name that is none a box tells.
+  const std::string given = With<QFileDialog>(
+      [&] { return desk.AskOpenFile({"T", folder.Path(), "Mardel file (*.mrd)|*.mrd"}); },
+      [](QFileDialog& requester) {
+        auto* const name = requester.findChild<QLineEdit*>("fileNameEdit");
+        name->setText("none.mrd");
+        With<QMessageBox>([&] { Press(*name, Qt::Key_Return); },
+                          [](QMessageBox& told) { told.close(); });
+        requester.reject();
+      });
+  EXPECT_EQ(given, "");
 }
 
 TEST_F(gadgets_test, CheckMarksAreTheProgramsOwn) {

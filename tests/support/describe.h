@@ -93,15 +93,17 @@ inline std::string Describe(const window& shown) {
   return text;
 }
 
-inline std::string Describe(const std::vector<menu_item>& items, const std::string& indent) {
+// Of a submenu how many items it has, the first and the last.
+inline std::string Describe(const std::vector<menu_item>& items) {
   static const char* const roles[] = {"", " about", " preferences", " quit"};
   std::string text;
   for (const menu_item& each : items) {
-    text += '\n' + indent;
+    text += "\n  ";
     if (each.kind == menu_item_kind::kSeparator) {
       text += "----";
     } else if (each.kind == menu_item_kind::kSubmenu) {
-      text += each.text + " submenu" + Describe(each.items, indent + "  ");
+      text += each.text + ": " + std::to_string(each.items.size()) + " from " +
+              each.items.front().text + " to " + each.items.back().text;
     } else {
       text += std::to_string(each.id) + ' ' + Replaced(each.text, "\t", "\\t") +
               (each.shortcut.empty() ? "" : " [" + each.shortcut + ']') +
