@@ -2,6 +2,7 @@
 
 #include "app/reports.h"
 #include "codegen/design_check.h"
+#include "codegen/findings/design_findings.h"
 #include "codegen/source_writer.h"
 #include "codegen/toolchain.h"
 #include "platform/path.h"
@@ -14,6 +15,14 @@ std::string AskSourcePath(const program& app) {
       {.title = "Please choose file to save",
        .start = ProposedSourcePath(app.options.files_path, app.work.document.file_name),
        .patterns = "Dravik file (*.dvc)|*.dvc|Text (*.txt)|*.txt|All files (*.*)|*.*"});
+}
+
+// "Wrote echo.dvc, 2 warnings: mardel --check"
+std::string WrittenText(const std::string& path, std::size_t warnings) {
+  std::string text = "Wrote " + std::string(FileName(path));
+  if (warnings == 0) return text;
+  text += ", " + std::to_string(warnings);
+  return text + (warnings == 1 ? " warning" : " warnings") + ": mardel --check";
 }
 
 }  // namespace
@@ -45,7 +54,9 @@ void Generate(program& app, std::optional<int> location) {
                    {.options = app.options, .runner = app.outside.runner, .boxes = desk});
   const bool is_well = source.status == write_status::kWritten && !source.problem &&
                        ended == toolchain_result::kDone;
-  if (is_well) desk.SetStatus(1, "Wrote " + std::string(FileName(path)));
+  if (!is_well) return;
+  const auto warnings = FindWarnings(app.work.document, std::get<0>(nodes));
+  desk.SetStatus(1, WrittenText(path, warnings.size()));
 }
 
 }  // namespace mardel

@@ -70,9 +70,8 @@ std::string Lines(const std::vector<design_change>& changes, bool is_listing) {
 }
 
 // What a save would not keep.
-std::vector<report> LostValues(design merged) {
-  std::vector<report> found =
-      FileWarnings({.document = std::move(merged), .root_name = "MardelDesign", .has_lists = true});
+std::vector<report> LostValues(const design& merged) {
+  std::vector<report> found = RecordWarnings(merged);
   std::erase_if(found, [](const report& each) {
     return each.kind != rule::kValueBreaksFile && each.kind != rule::kValueChanges;
   });
@@ -102,7 +101,7 @@ exit_status Run(const merge_request& asked) {
   design merged;
   const auto conflicts = MergeDesigns(merged, {base->document, ours->document, theirs->document});
   const std::string text = DesignText(merged);
-  const std::vector<report> lost = LostValues(std::move(merged));
+  const std::vector<report> lost = LostValues(merged);
   for (const report& each : lost) {
     std::cerr << ReportText({.file = asked.ours, .what = each}) << std::endl;
   }

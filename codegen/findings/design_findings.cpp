@@ -45,6 +45,7 @@ void Append(std::vector<report>& to, std::vector<report> more) {
 design_findings FindAll(raw_design raw, const load_context& context, register_pool& pool) {
   design_findings found;
   found.warnings = FileWarnings(raw);
+  Append(found.warnings, RecordWarnings(raw.document));
   found.document = std::move(raw.document);
   relinking linking = RelinkDesign(found.document, context);
   const design& linked = found.document;
@@ -60,6 +61,13 @@ design_findings FindAll(raw_design raw, const load_context& context, register_po
     if (is_whole) Append(found.warnings, NetlistWarnings(linked, found.nodes));
   }
   Append(found.warnings, PlaceWarnings(linked));
+  return found;
+}
+
+std::vector<report> FindWarnings(const design& document, const std::vector<net_node>& nodes) {
+  std::vector<report> found = RecordWarnings(document);
+  Append(found, NetlistWarnings(document, nodes));
+  Append(found, PlaceWarnings(document));
   return found;
 }
 

@@ -19,4 +19,8 @@ struct [[nodiscard]] design_findings {
 // No pin is called unconnected that the file has wired.
 design_findings FindAll(raw_design raw, const load_context& context, register_pool& pool);
 
+// The warnings of a design that has become a program; `nodes` as BuildNetlist made them.
+[[nodiscard]] std::vector<report> FindWarnings(const design& document,
+                                               const std::vector<net_node>& nodes);
+
 }  // namespace mardel

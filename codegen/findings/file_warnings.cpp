@@ -100,8 +100,13 @@ std::vector<report> FileWarnings(const raw_design& raw) {
                                   "text",
                             {}));
   }
-  WarnOfRepeatedIds(raw.document, found);
-  WarnOfValues(raw.document, found);
+  return found;
+}
+
+std::vector<report> RecordWarnings(const design& document) {
+  std::vector<report> found;
+  WarnOfRepeatedIds(document, found);
+  WarnOfValues(document, found);
   return found;
 }
 

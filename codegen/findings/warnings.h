@@ -17,8 +17,11 @@ std::vector<report> NetlistWarnings(const design& document, const std::vector<ne
 // Of places: blocks off the canvas, and what lies wholly under another.
 std::vector<report> PlaceWarnings(const design& document);
 
-// Of the file: no design, ids used twice, values that a save can't keep.
+// Of a file that is no design.
 std::vector<report> FileWarnings(const raw_design& raw);
+
+// Of ids used twice and values that a save can't keep.
+std::vector<report> RecordWarnings(const design& document);
 
 report Warning(rule kind, const char* title, std::string text, const design_place& where);
 
