@@ -17,6 +17,7 @@ void AddRows(std::vector<gadget>& gadgets, const std::vector<param>& params) {
   for (const param& each : params) {
     const std::int64_t y = 120 + 20 * std::int64_t{row};
     gadgets.push_back(Caption({120, y, 70, 20}, each.param_name + ":"));
+    gadgets.back().tooltip = each.param_desc;
     gadgets.push_back({.id = kFirstRowGadget + row++,
                        .kind = gadget_kind::kTextField,
                        .place = {200, y, 100, 20},

@@ -185,7 +185,9 @@ QWidget* Make(const gadget& described, const gadget_frame& frame, const gadget_s
 
 QWidget* MakeGadget(const gadget& described, const gadget_frame& frame, const gadget_sink& used) {
   QWidget* const made = Make(described, frame, used);
-  if (!described.tooltip.empty()) made->setToolTip(TooltipText(described.tooltip));
+  if (described.tooltip.empty()) return made;
+  const bool is_cut = !made->toolTip().isEmpty();
+  made->setToolTip(TooltipText((is_cut ? described.text + ' ' : "") + described.tooltip));
   return made;
 }
 
