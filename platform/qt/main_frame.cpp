@@ -81,7 +81,7 @@ void main_frame::dragEnterEvent(QDragEnterEvent* happened) {
 void main_frame::dropEvent(QDropEvent* happened) {
   files_dropped dropped;
   for (const QUrl& each : happened->mimeData()->urls()) {
-    dropped.paths.push_back(FromQt(each.toLocalFile()));
+    dropped.paths.push_back(LocalPath(each));
   }
   happened->acceptProposedAction();
   deliver_(dropped);

@@ -21,7 +21,8 @@
 namespace mardel {
 
 qt_desktop::qt_desktop(int& argument_count, char** arguments)
-    : application_(argument_count, arguments), metrics_(layouts_) {
+    : application_(argument_count, arguments, [this](const auto& path) { Open(path); }),
+      metrics_(layouts_) {
   QApplication::setApplicationName(QStringLiteral("mardel"));
   QApplication::setDesktopFileName(QStringLiteral("com.quillonworks.Mardel"));
   QApplication::setQuitOnLastWindowClosed(false);
@@ -225,6 +226,7 @@ void qt_desktop::KeepSoon() {
 
 int qt_desktop::Run(const std::function<bool(const event&)>& handle) {
   handle_ = handle;
+  if (!waiting_.empty()) QTimer::singleShot(0, [this] { DeliverWaiting(); });
   const int code = QApplication::exec();
   handle_ = nullptr;
   waiting_.clear();
@@ -233,10 +235,21 @@ int qt_desktop::Run(const std::function<bool(const event&)>& handle) {
   return code;
 }
 
+// A document may come before the first event. It takes the place of none whose window is open.
+void qt_desktop::Open(const std::string& path) {
+  if (ModalWindow() != nullptr) return BringModalWindow();
+  waiting_.push_back(files_dropped{{path}});
+  DeliverWaiting();
+}
+
 void qt_desktop::Deliver(const event& happened) {
   if (!handle_) return;
   waiting_.push_back(happened);
-  if (is_handling_) return;
+  DeliverWaiting();
+}
+
+void qt_desktop::DeliverWaiting() {
+  if (!handle_ || is_handling_) return;
   is_handling_ = true;
   bool goes_on = true;
   while (goes_on && !waiting_.empty()) {

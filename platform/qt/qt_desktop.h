@@ -1,7 +1,6 @@
 // The desktop on top of the toolkit's widgets.
 #pragma once
 
-#include <QApplication>
 #include <QTimer>
 #include <deque>
 #include <map>
@@ -11,6 +10,7 @@
 #include "platform/desktop.h"
 #include "platform/qt/last_call.h"
 #include "platform/qt/main_frame.h"
+#include "platform/qt/opening_application.h"
 #include "platform/qt/qt_text_metrics.h"
 #include "platform/qt/secondary_window.h"
 #include "platform/qt/text_layouts.h"
@@ -53,6 +53,8 @@ class qt_desktop : public desktop {
 
  private:
   void Deliver(const event& happened);
+  void DeliverWaiting();
+  void Open(const std::string& path);
   void KeepSoon();
   void PaintNow();
   void WaitForFrame();
@@ -63,7 +65,7 @@ class qt_desktop : public desktop {
   void RaiseModalWindow();
   void BringModalWindow();
 
-  QApplication application_;
+  opening_application application_;
   text_layouts layouts_;
   qt_text_metrics metrics_;
   std::unique_ptr<main_frame> frame_;

@@ -66,6 +66,13 @@ QString TooltipText(std::string_view text) {
   return "<qt>"_L1 + rows.toHtmlEscaped() + "</qt>"_L1;
 }
 
+// The toolkit's own text of it loses bytes that are no UTF-8.
+std::string LocalPath(const QUrl& url) {
+  const QString path = url.toLocalFile();
+  if (!path.contains(QChar::ReplacementCharacter)) return FromQt(path);
+  return QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()).toStdString();
+}
+
 QString TitleText(std::string_view text) {
   return OneLine(text).replace("[*]"_L1, "[*][*]"_L1);
 }

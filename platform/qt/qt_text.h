@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QUrl>
 #include <string>
 #include <string_view>
 
@@ -22,6 +23,9 @@ QString ButtonText(std::string_view text);
 
 // For a tooltip: plain text in lines of bounded width, where the toolkit would guess at markup.
 QString TooltipText(std::string_view text);
+
+// The file that a desktop names, byte for byte; "" for what is no file.
+std::string LocalPath(const QUrl& url);
 
 // For a window's title, where the toolkit would take "[*]" for a mark of changes.
 QString TitleText(std::string_view text);

@@ -3,9 +3,11 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QLineEdit>
-#include <QMessageBox>
+#include <QTreeView>
 
+#include "platform/qt/message_box.h"
 #include "platform/qt/qt_text.h"
 
 using namespace Qt::StringLiterals;
@@ -13,7 +15,13 @@ using namespace Qt::StringLiterals;
 namespace mardel {
 namespace {
 
-constexpr QSize kRoomForColumns(820, 520);
+constexpr QSize kRoomForColumns(150, 32);  // average characters and lines
+
+answer Warn(QFileDialog& requester, const std::string& text,
+            message_buttons buttons = message_buttons::kOk) {
+  return ShowMessageBox(&requester,
+                        {FromQt(requester.windowTitle()), text, buttons, message_icon::kCaution});
+}
 
 // Takes the name as it was typed, where the toolkit's own requester splits it at double quotes.
 class file_requester : public QFileDialog {
@@ -27,6 +35,7 @@ class file_requester : public QFileDialog {
 
  protected:
   void accept() override {
+    chosen_.clear();
     const auto* const typed = findChild<QLineEdit*>(u"fileNameEdit"_s);
     if (typed == nullptr || !typed->text().contains(u'"')) return QFileDialog::accept();
     const QString path = directory().absoluteFilePath(typed->text());
@@ -38,17 +47,14 @@ class file_requester : public QFileDialog {
 
  private:
   bool MayTake(const QString& path) {
-    const QString name = QFileInfo(path).fileName();
+    const std::string name = FromQt(QFileInfo(path).fileName());
     if (acceptMode() == AcceptSave) {
       return !QFileInfo::exists(path) ||
-             QMessageBox::warning(
-                 this, windowTitle(), name + u" already exists.\nDo you want to replace it?"_s,
-                 QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+             Warn(*this, name + " already exists.\nDo you want to replace it?",
+                  message_buttons::kYesNo) == answer::kYes;
     }
     if (QFileInfo::exists(path)) return true;
-    QMessageBox::warning(
-        this, windowTitle(),
-        name + u"\nFile not found.\nPlease verify the correct file name was given."_s);
+    Warn(*this, name + "\nFile not found.\nPlease verify the correct file name was given.");
     return false;
   }
 
@@ -62,6 +68,24 @@ bool IsPattern(const QString& proposal, const std::string& patterns) {
     if (parts[i] == proposal) return true;
   }
   return false;
+}
+
+// Names take what sizes, types and dates leave. The desktop's own requester has no such columns.
+void ShowColumns(QFileDialog& requester) {
+  const QFontMetrics font = requester.fontMetrics();
+  requester.resize(requester.size().expandedTo({kRoomForColumns.width() * font.averageCharWidth(),
+                                                kRoomForColumns.height() * font.height()}));
+  const auto* const columns = requester.findChild<QTreeView*>(u"treeView"_s);
+  if (columns == nullptr) return;
+  columns->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  columns->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+}
+
+// Where a name is no UTF-8 the toolkit hands on another, under which there is nothing.
+bool CanBeReached(const QString& path, requester_kind kind) {
+  const QFileInfo file(path);
+  if (file.exists() || kind == requester_kind::kOpen) return file.exists();
+  return file.dir().exists() && !file.fileName().contains(QChar::ReplacementCharacter);
 }
 
 }  // namespace
@@ -84,14 +108,20 @@ std::string AskFile(QWidget* owner, const file_request& request, requester_kind 
   const QString folder = QDir(wanted).exists() ? wanted : QDir::homePath();
   const QString proposal = start.section(u'/', -1);
   file_requester requester(owner, TitleText(request.title), folder);
-  requester.resize(requester.size().expandedTo(kRoomForColumns));
+  ShowColumns(requester);
   requester.setOption(QFileDialog::HideNameFilterDetails);
   requester.setNameFilters(NameFilters(request.patterns));
   const bool saves = kind == requester_kind::kSave;
   requester.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   requester.setFileMode(saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
   if (saves && !IsPattern(proposal, request.patterns)) requester.selectFile(proposal);
-  return requester.exec() == QDialog::Accepted ? FromQt(requester.Path()) : std::string();
+  while (requester.exec() == QDialog::Accepted) {
+    const QString path = requester.Path();
+    if (CanBeReached(path, kind)) return FromQt(path);
+    Warn(requester,
+         FromQt(path) + "\nThere is no such file or folder, or its name is no UTF-8 text.");
+  }
+  return {};
 }
 
 }  // namespace mardel

@@ -5,6 +5,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QFileOpenEvent>
 #include <QKeyEvent>
 #include <QMainWindow>
 #include <QMenu>
@@ -121,11 +122,13 @@ TEST_F(desktop_test, DeliversMouseAndKeysOnce) {
     QDropEvent dropped({}, Qt::CopyAction, &files, Qt::NoButton, Qt::NoModifier);
     QApplication::sendEvent(Find<QMainWindow>(), &entered);
     QApplication::sendEvent(Find<QMainWindow>(), &dropped);
+    QFileOpenEvent open(QUrl("file:///%E9.mrd"));
+    QApplication::sendEvent(qApp, &open);
   });
   EXPECT_EQ(heard, (strings{"mouse 1 at 5,6", "mouse 0 at -7,2000", "mouse 2 at 9,10",
                             "mouse 1 at 9,10", "interrupted", "mouse 3 at 1,2", "mouse 1 at 1,2",
                             "interrupted", "key 127", "key 127", "arrow -1,0 shift", "wheel 0,1",
-                            "wheel 0,1", "wheel -10,0", "dropped /a b.mrd"}));
+                            "wheel 0,1", "wheel -10,0", "dropped /a b.mrd", "dropped /\xE9.mrd"}));
 }
 
 TEST_F(desktop_test, TheCanvasKeepsTheKeyboard) {
