@@ -29,6 +29,9 @@ read -r -t 60 -u "$display" number || in_vain "a display"
 export DISPLAY=:$number
 openbox --startup "sh -c 'echo ready >$work/calls'" &>/dev/null &
 read -r -t 60 -u "$calls" _ || in_vain "the window manager"
+# A line for each change of the list of windows, told from before the first one on.
+exec {changes}< <(xprop -root -notype -spy _NET_CLIENT_LIST)
+windows=
 
 # settle: every folder of the configuration is the current one.
 settle() {
@@ -51,28 +54,32 @@ start() {
 # appears TITLE: waits for the window and for its having the keyboard; leaves its id in $window. Of
 # windows that go while they are asked for their titles nothing is told.
 appears() {
-  local changes list id
-  exec {changes}< <(xprop -root -notype -spy _NET_CLIENT_LIST)
+  local id
   window=
-  while [[ -z $window ]]; do
-    read -r -t 60 -u "$changes" list || in_vain "a window named $1"
-    list=${list#*#}
-    for id in ${list//,/ }; do
+  while :; do
+    for id in ${windows//,/ }; do
       if xprop -id "$id" -notype _NET_WM_NAME 2>/dev/null | grep -qx ".* = \"$1\""; then window=$id; fi
     done
+    [[ -z $window ]] || break
+    read -r -t 60 -u "$changes" windows || in_vain "a window named $1"
+    windows=${windows#*#}
   done
-  exec {changes}<&-
   within_a_minute "the keyboard in $1" xdotool windowactivate --sync "$window"
 }
 
-# goes KEY...: types the keys and waits for $window to be gone and the main window to be back.
-goes() {
+# closes KEY...: types the keys and waits for $window to be gone.
+closes() {
   local gone
   exec {gone}< <(xprop -id "$window" -spy WM_STATE 2>/dev/null)
   read -r -t 60 -u "$gone" _ || in_vain "the state of the window"
   xdotool key "$@"
   within_a_minute "the window's going at $*" cat <&"$gone" >/dev/null
   exec {gone}<&-
+}
+
+# goes KEY...: the same, and waits for the main window to be back.
+goes() {
+  closes "$@"
   within_a_minute "the main window" xdotool windowactivate --sync "$main"
 }
 
@@ -90,7 +97,8 @@ name_file() {
 
 # Ends the program by Quit, which has nothing to ask.
 quit() {
-  xdotool key ctrl+q
+  window=$main
+  closes ctrl+q
   ends
 }
 

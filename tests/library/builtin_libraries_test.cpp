@@ -37,13 +37,5 @@ TEST(BuiltinLibraries, AreAsTheChipHasThem) {
   EXPECT_EQ(Builtin(expert_mode::kOff, 46), plain);
 }
 
-TEST(RegisterPool, FindsRegistersByName) {
-  register_pool pool{{{"MR0"}, {"MR1"}}, {{"POT0_K"}, {"OFLRLD"}}};
-  EXPECT_EQ(FindMemoryRegister(pool, "MR1"), &pool.memory[1]);
-  EXPECT_EQ(FindMemoryRegister(pool, "MR"), nullptr);
-  EXPECT_EQ(FindPresetRegister(pool, "OFLRLD"), &pool.presets[1]);
-  EXPECT_EQ(FindPresetRegister(pool, "POT0"), nullptr);
-}
-
 }  // namespace
 }  // namespace mardel
