@@ -381,6 +381,12 @@ class program_player {
       {"draw", [this](a w) { ShowDrawing(w.empty() ? grid::kHidden : grid::kShown); }},
       {"lines", [this](a) { ShowLines(); }},
       {"extent", [this](a) { ShowExtent(); }},
+      {"extent_of",
+       [this](a w) {
+         ClearDesign(design_);
+         WithRecord(w, [this](const auto& told) { Append(told); });
+         ShowExtent();
+       }},
       {"type_of", [this](a w) { Show('[' + PinType(design_, Number(w[0]), w[1]) + ']'); }},
       {"read", [this](a w) { ShowText(ReadAll(w[0])); }},
   };
