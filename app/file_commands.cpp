@@ -95,7 +95,7 @@ void OpenDropped(program& app, const std::vector<std::string>& paths) {
   ResetInteraction(app.work);
   app.outside.desk.Redraw();
   const bool is_design =
-      paths.size() == 1 && paths.front().ends_with(".mrd") && IsRegularFile(paths.front());
+      paths.size() == 1 && paths.front().ends_with(kDesignSuffix) && IsRegularFile(paths.front());
   if (!is_design)
     return app.outside.desk.SetStatus(1, "Only one design file (.mrd) can be dropped");
   if (!MayLoseChanges(app.work.document, guarded_command::kOpen, app.outside.desk)) return;

@@ -4,14 +4,13 @@
 #include <charconv>
 #include <filesystem>
 
+#include "codegen/design_file.h"
 #include "platform/files.h"
 #include "platform/path.h"
 #include "platform/state_folder.h"
 
 namespace mardel {
 namespace {
-
-constexpr std::string_view kSuffix = ".mrd";
 
 std::string VersionsFolder(const std::string& state_folder, const std::string& design) {
   const std::filesystem::path absolute = AbsolutePath(design);
@@ -23,14 +22,14 @@ std::string VersionsFolder(const std::string& state_folder, const std::string& d
 
 // 0 when it is none.
 int NumberOf(std::string_view name) {
-  name.remove_suffix(kSuffix.size());
+  name.remove_suffix(kDesignSuffix.size());
   int number = 0;
   const auto [end, problem] = std::from_chars(name.data(), name.data() + name.size(), number);
   return problem == std::errc() && end == name.data() + name.size() ? number : 0;
 }
 
 std::string PathOf(const std::string& folder, int number) {
-  return folder + std::to_string(number) + std::string(kSuffix);
+  return folder + std::to_string(number) + std::string(kDesignSuffix);
 }
 
 void DropOldest(const std::string& state_folder, const std::string& design) {
@@ -50,7 +49,7 @@ std::vector<design_version> Versions(const std::string& state_folder, const std:
   if (state_folder.empty()) return {};
   const std::string folder = VersionsFolder(state_folder, design);
   std::vector<design_version> found;
-  for (const std::string& name : ListFiles(folder, kSuffix)) {
+  for (const std::string& name : ListFiles(folder, kDesignSuffix)) {
     const int number = NumberOf(name);
     const std::optional<file_facts> facts = FactsOf(folder + name);
     // A crash may have left an empty one.

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <filesystem>
 
+#include "codegen/design_file.h"
 #include "platform/file_lock.h"
 #include "platform/files.h"
 #include "platform/new_file.h"
@@ -12,7 +13,6 @@
 namespace mardel {
 namespace {
 
-constexpr std::string_view kSuffix = ".mrd";
 constexpr int kMostOfOneName = 1000;
 
 void Remove(const std::string& path) {
@@ -25,7 +25,7 @@ std::string DatedName(const std::string& name, const date_time& written) {
   char moment[80];
   std::snprintf(moment, sizeof moment, " %04d-%02d-%02d %02d.%02d.%02d", written.year,
                 written.month, written.day, written.hour, written.minute, written.second);
-  return name.substr(0, name.size() - kSuffix.size()) + moment;
+  return name.substr(0, name.size() - kDesignSuffix.size()) + moment;
 }
 
 // The new path, or "" when the design stayed.
@@ -36,7 +36,7 @@ std::string MoveDesign(const std::string& from, const date_time& written,
   for (int number = 1; number <= kMostOfOneName; ++number) {
     std::string to = stem;
     if (number > 1) to += " (" + std::to_string(number) + ")";
-    to += kSuffix;
+    to += kDesignSuffix;
     const new_file_status moved = MoveFile(from, to);
     if (moved == new_file_status::kMade) return to;
     if (moved == new_file_status::kFailed) break;
@@ -47,7 +47,7 @@ std::string MoveDesign(const std::string& from, const date_time& written,
 void RecoverOne(recovered_designs& found, const std::string& folder) {
   const file_lock lock = LockFile(folder + std::string(kRecoveryLock), lock_target::kAnyFile);
   bool is_empty = true;
-  for (const std::string& name : ListFiles(folder, kSuffix)) {
+  for (const std::string& name : ListFiles(folder, kDesignSuffix)) {
     const std::string from = folder + name;
     const std::optional<file_facts> facts = FactsOf(from);
     const bool is_ours = facts && facts->is_own;

@@ -20,8 +20,9 @@ constexpr std::size_t kMostName = 200;  // leaves room for what recovery adds
 // By the design's own name, so that a person knows it.
 std::string CopyName(const std::string& design_path) {
   std::string_view name = FileName(design_path);
-  if (name.ends_with(".mrd")) name.remove_suffix(4);
-  return name.empty() ? "Untitled.mrd" : std::string(Beginning(name, kMostName)) + ".mrd";
+  if (name.ends_with(kDesignSuffix)) name.remove_suffix(kDesignSuffix.size());
+  const std::string_view stem = name.empty() ? "Untitled" : Beginning(name, kMostName);
+  return std::string(stem) + std::string(kDesignSuffix);
 }
 
 }  // namespace

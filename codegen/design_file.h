@@ -12,6 +12,8 @@
 
 namespace mardel {
 
+constexpr std::string_view kDesignSuffix = ".mrd";
+
 // The text of the file. kept: only notes are escaped, so a value holding "<" or "&" makes a file
 // that does not open again; the chip maker's tools read these values raw.
 std::string DesignText(const design& document);

@@ -12,7 +12,7 @@ constexpr std::int64_t kLastColumn = kCanvasWidth - 1;
 constexpr std::int64_t kLastRow = kCanvasHeight - 1;
 
 // The edges start at those of the canvas and only move outwards.
-struct extent {
+struct moved_extent {
   std::int64_t left = 0, right = kLastColumn, top = 0, bottom = kLastRow;
   point corner = {kLastColumn, kLastRow};  // top-left of the selection, where it is on the canvas
 };
@@ -27,8 +27,8 @@ void ForEachSelected(design& document, visitor visit) {
   }
 }
 
-extent Shift(design& document, point by) {
-  extent moved;
+moved_extent Shift(design& document, point by) {
+  moved_extent moved;
   ForEachSelected(document, [&](auto& each) {
     each.x += by.x;
     each.y += by.y;
@@ -43,7 +43,7 @@ extent Shift(design& document, point by) {
 
 // The way is 0 along an axis where both edges of the canvas hold, or where both were crossed
 // equally far.
-point WayBack(const extent& moved) {
+point WayBack(const moved_extent& moved) {
   return {kLastColumn - (moved.left + moved.right), kLastRow - (moved.top + moved.bottom)};
 }
 
@@ -74,7 +74,7 @@ void MoveAndShow(workspace& work, point by) {
 }  // namespace
 
 point MoveSelection(design& document, point by) {
-  const extent moved = Shift(document, by);
+  const moved_extent moved = Shift(document, by);
   const point back = WayBack(moved);
   Shift(document, back);
   UpdateNetEndsOfSelection(document);

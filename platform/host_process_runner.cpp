@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <utility>
 
+#include "platform/descriptor.h"
 #include "platform/process.h"
 #include "platform/text.h"
 
@@ -18,22 +19,6 @@ namespace {
 constexpr int kPatience = 20;  // milliseconds between two looks at a tool that is silent
 constexpr int kSoon = 1;       // the same when it has closed its outputs and is about to end
 
-class descriptor {
- public:
-  descriptor() = default;
-  descriptor(const descriptor&) = delete;
-  descriptor& operator=(const descriptor&) = delete;
-  ~descriptor() { Set(-1); }
-  void Set(int number) {
-    if (number_ >= 0) close(number_);
-    number_ = number;
-  }
-  int Number() const { return number_; }
-
- private:
-  int number_ = -1;
-};
-
 // What a tool writes, taken as it comes, in bounded memory.
 class output_pipe {
  public:
@@ -42,15 +27,15 @@ class output_pipe {
   bool Open() {
     std::array<int, 2> ends{};
     if (pipe(ends.data()) != 0) return false;
-    from_tool_.Set(ends[0]);
-    of_tool_.Set(ends[1]);
+    from_tool_ = descriptor(ends[0]);
+    of_tool_ = descriptor(ends[1]);
     for (const int end : ends) fcntl(end, F_SETFD, FD_CLOEXEC);
     return fcntl(ends[0], F_SETFL, O_NONBLOCK) == 0;
   }
   int EndOfTool() const { return of_tool_.Number(); }
-  void ToolHasStarted() { of_tool_.Set(-1); }
+  void ToolHasStarted() { of_tool_ = descriptor(); }
   pollfd Awaited() const { return {from_tool_.Number(), POLLIN, 0}; }
-  bool IsOpen() const { return from_tool_.Number() >= 0; }
+  bool IsOpen() const { return from_tool_.IsOpen(); }
 
   // Not without end, since what the tool has started may write on and on.
   void Read() {
@@ -58,7 +43,10 @@ class output_pipe {
     for (int turn = 0; turn < 256 && IsOpen(); ++turn) {
       const ssize_t size = read(from_tool_.Number(), bytes.data(), bytes.size());
       if (size < 0) return;
-      if (size == 0) return from_tool_.Set(-1);
+      if (size == 0) {
+        from_tool_ = descriptor();
+        return;
+      }
       Append({bytes.data(), static_cast<std::size_t>(size)});
     }
   }

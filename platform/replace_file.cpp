@@ -56,7 +56,7 @@ bool Flush(const descriptor& file) {
 
 // Errors that say that no file can stand there, or not for this user. Any other may pass, or tells
 // of a broken disk.
-write_status StatusOf(int error) {
+write_status WriteStatusOf(int error) {
   switch (error) {
     case EACCES:
     case EPERM:
@@ -129,7 +129,7 @@ bool Overwrite(const descriptor& file, std::string_view content, std::size_t old
 // What can't be read first, or is being written by another save, stays as it is.
 write_status WriteInPlace(const std::string& target, std::string_view content) {
   const descriptor file(open(target.c_str(), O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-  if (!file.IsOpen()) return StatusOf(errno);
+  if (!file.IsOpen()) return WriteStatusOf(errno);
   if (!LockOpenFile(file)) return write_status::kFailed;
   const std::optional<std::string> old = ReadFile(target);
   if (!old) return write_status::kFailed;
@@ -143,7 +143,7 @@ write_status WriteInPlace(const std::string& target, std::string_view content) {
 
 write_status WithoutTemporary(const std::string& target, std::string_view content, int error,
                               const old_file& old) {
-  return old.exists && IsClosed(error) ? WriteInPlace(target, content) : StatusOf(error);
+  return old.exists && IsClosed(error) ? WriteInPlace(target, content) : WriteStatusOf(error);
 }
 
 write_status ReplaceTarget(const std::string& target, std::string_view content,
@@ -171,14 +171,14 @@ write_status ReplaceFile(const std::string& path, std::string_view content) {
   const size_limit_signal_held held;
   old_file old;
   old.exists = stat(path.c_str(), &old.status) == 0;
-  if (!old.exists && errno != ENOENT) return StatusOf(errno);
+  if (!old.exists && errno != ENOENT) return WriteStatusOf(errno);
   if (old.exists && !S_ISREG(old.status.st_mode)) return write_status::kNotCreated;
   // A file protected from writing is not replaced, though its folder would allow it.
   if (old.exists && faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0) {
-    return StatusOf(errno);
+    return WriteStatusOf(errno);
   }
   std::filesystem::path target = path;
-  if (const std::error_code problem = FollowLinks(target)) return StatusOf(problem.value());
+  if (const std::error_code problem = FollowLinks(target)) return WriteStatusOf(problem.value());
   if (!target.has_filename()) return write_status::kNotCreated;
   return ReplaceTarget(target.string(), content, old);
 }

@@ -35,7 +35,7 @@ free_row FreeRow(const window& contents, const QRect& place) {
   return room;
 }
 
-bool IsLabel(const gadget& described) {
+bool IsSideLabel(const gadget& described) {
   return described.kind == gadget_kind::kLabel || described.kind == gadget_kind::kRightLabel;
 }
 
@@ -43,7 +43,8 @@ bool IsLabel(const gadget& described) {
 int LineHeight(const window& contents, const gadget& label) {
   std::int64_t least = label.place.height;
   for (const gadget& each : contents.gadgets) {
-    if (IsLabel(each) && each.place.y == label.place.y) least = std::min(least, each.place.height);
+    if (IsSideLabel(each) && each.place.y == label.place.y)
+      least = std::min(least, each.place.height);
   }
   return static_cast<int>(least);
 }
@@ -58,7 +59,7 @@ QRect PlaceOf(const gadget& described) {
 
 QRect FittingPlace(const window& contents, const gadget& described, int wanted) {
   QRect place = PlaceOf(described);
-  if (IsLabel(described)) place.setHeight(LineHeight(contents, described));
+  if (IsSideLabel(described)) place.setHeight(LineHeight(contents, described));
   const free_row room = FreeRow(contents, place);
   place.setRight(std::min(place.right(), room.right));
   const int missing = std::max(0, wanted - place.width());

@@ -40,7 +40,7 @@ void KeepOnScreen(QMenu& filled) {
   filled.setStyle(style);
 }
 
-QAction::MenuRole ToQt(menu_role role) {
+QAction::MenuRole RoleOf(menu_role role) {
   switch (role) {
     case menu_role::kAbout:
       return QAction::AboutRole;
@@ -130,7 +130,7 @@ void menu_bar::AddSubmenu(QMenu& target, const menu_item& described) {
 
 void menu_bar::AddCommand(QMenu& target, const menu_item& described) {
   auto* const added = target.addAction(CommandText(described));
-  added->setMenuRole(ToQt(described.role));
+  added->setMenuRole(RoleOf(described.role));
   added->setToolTip(TooltipText(described.tooltip));
   if (!described.shortcut.empty()) added->setShortcut(QKeySequence(ToQt(described.shortcut)));
   // What desktops have agreed on; the toolkit knows it on some of them only.

@@ -19,7 +19,7 @@ namespace {
 // its length.
 constexpr std::size_t kMostBytes = kMostToolOutput + kMostToolErrors + 4096;
 constexpr qsizetype kMostLines = 20;
-constexpr qsizetype kMostCharacters = 1500;
+constexpr qsizetype kMostPlainCharacters = 1500;
 constexpr int kWidestRow = 80;  // of average characters
 
 QMessageBox::Icon IconOf(message_icon icon) {
@@ -36,7 +36,7 @@ QMessageBox::Icon IconOf(message_icon icon) {
 
 // So long that a box would be larger than the screen.
 bool IsLong(const QString& text) {
-  return text.size() > kMostCharacters || text.count(u'\n') >= kMostLines;
+  return text.size() > kMostPlainCharacters || text.count(u'\n') >= kMostLines;
 }
 
 QWidget* ScrollingText(const QString& text) {

@@ -12,15 +12,15 @@ namespace {
 constexpr double kMargin = 4;
 constexpr std::size_t kMostVisible = 8192;  // bytes of one line that can be on the canvas
 
-QColor ToQt(colour ink) {
+QColor ColourOf(colour ink) {
   return {RedOf(ink), GreenOf(ink), BlueOf(ink), AlphaOf(ink)};
 }
 
-QPointF ToQt(point at) {
+QPointF PointOf(point at) {
   return {static_cast<double>(at.x), static_cast<double>(at.y)};
 }
 
-QRectF ToQt(const rectangle& place) {
+QRectF AreaOf(const rectangle& place) {
   return {static_cast<double>(place.x), static_cast<double>(place.y),
           static_cast<double>(place.width), static_cast<double>(place.height)};
 }
@@ -39,8 +39,8 @@ bool ClipAt(double step, double distance, double& enter, double& leave) {
 }
 
 std::optional<QLineF> Clip(const line& whole, const QRectF& area) {
-  const QPointF from = ToQt(whole.from);
-  const QPointF step = ToQt(whole.to) - from;
+  const QPointF from = PointOf(whole.from);
+  const QPointF step = PointOf(whole.to) - from;
   double enter = 0;
   double leave = 1;
   const bool hits = ClipAt(-step.x(), from.x() - area.left(), enter, leave) &&
@@ -72,11 +72,11 @@ qt_painter::qt_painter(QPainter& target, const QRectF& visible, text_layouts& la
 }
 
 void qt_painter::FillBackground(colour ink) {
-  target_.fillRect(area_, ToQt(ink));
+  target_.fillRect(area_, ColourOf(ink));
 }
 
 void qt_painter::FillRectangle(const rectangle& place, colour ink) {
-  FillPixels(ToQt(place), ToQt(ink));
+  FillPixels(AreaOf(place), ColourOf(ink));
 }
 
 void qt_painter::FillPixels(const QRectF& area, const QColor& ink) {
@@ -94,7 +94,7 @@ void qt_painter::FillPixels(const QRectF& area, const QColor& ink) {
 }
 
 void qt_painter::StrokeRectangle(const rectangle& place, const stroke& pen) {
-  const QRectF area = ToQt(place);
+  const QRectF area = AreaOf(place);
   const double corner = pen.dash > 0 ? 0 : HalfOf(pen);
   const QPointF across(corner, 0);
   DrawUpright(area.topLeft() - across, area.topRight() + across, pen);
@@ -106,7 +106,7 @@ void qt_painter::StrokeRectangle(const rectangle& place, const stroke& pen) {
 void qt_painter::Lines(std::span<const line> lines, const stroke& pen) {
   for (const line& each : lines) {
     if (each.from.x == each.to.x || each.from.y == each.to.y) {
-      DrawUpright(ToQt(each.from), ToQt(each.to), pen);
+      DrawUpright(PointOf(each.from), PointOf(each.to), pen);
     } else {
       DrawSlanting(each, pen);
     }
@@ -122,7 +122,7 @@ void qt_painter::DrawUpright(QPointF from, QPointF to, const stroke& pen) {
   const double end = last + pen.width - 2 * HalfOf(pen);
   const double nearest = std::max(start, is_level ? visible_.left() : visible_.top());
   const double farthest = std::min(end, is_level ? visible_.right() : visible_.bottom());
-  const QColor ink = ToQt(pen.ink);
+  const QColor ink = ColourOf(pen.ink);
   const auto fill = [&](double begin, double stop) {
     FillPixels(is_level ? QRectF(begin, across, stop - begin, pen.width)
                         : QRectF(across, begin, pen.width, stop - begin),
@@ -141,7 +141,7 @@ void qt_painter::DrawUpright(QPointF from, QPointF to, const stroke& pen) {
 void qt_painter::DrawSlanting(const line& slanting, const stroke& pen) {
   const std::optional<QLineF> shown = Clip(slanting, visible_);
   if (!shown) return;
-  QPen drawn(ToQt(pen.ink), pen.width, Qt::SolidLine, Qt::FlatCap);
+  QPen drawn(ColourOf(pen.ink), pen.width, Qt::SolidLine, Qt::FlatCap);
   if (pen.dash > 0) drawn.setDashPattern({pen.dash / pen.width, pen.dash / pen.width});
   const double middle = pen.width / 2 - HalfOf(pen);  // of the pixel, where the width is odd
   target_.setPen(drawn);
@@ -151,22 +151,22 @@ void qt_painter::DrawSlanting(const line& slanting, const stroke& pen) {
 }
 
 void qt_painter::Text(point corner, std::string_view text, colour ink) {
-  const QPointF at = ToQt(corner);
+  const QPointF at = PointOf(corner);
   constexpr double kTallest = 4 * kCanvasTextSize;
   if (at.x() > visible_.right() || at.y() > visible_.bottom()) return;
   if (at.y() < visible_.top() - kTallest) return;
   if (at.x() < -static_cast<double>(kMostVisible) * kCanvasTextSize) return;
   const QTextLayout& layout = layouts_.Line(text.substr(0, kMostVisible));
-  target_.setPen(ToQt(ink));
+  target_.setPen(ColourOf(ink));
   layout.draw(&target_, at);
 }
 
 void qt_painter::Paragraph(const rectangle& box, std::string_view text, colour ink) {
-  const QRectF area = ToQt(box);
+  const QRectF area = AreaOf(box);
   if (!area.intersects(visible_)) return;
   const QTextLayout& layout = layouts_.Paragraph(text, area.width());
   const bool is_cut = HeightOf(layout) > area.height();
-  target_.setPen(ToQt(ink));
+  target_.setPen(ColourOf(ink));
   if (is_cut) {
     target_.save();
     target_.setClipRect(area & visible_, Qt::IntersectClip);
