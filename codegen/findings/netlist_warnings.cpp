@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <numeric>
 #include <set>
+#include <span>
 #include <unordered_map>
 
 #include "codegen/findings/warnings.h"
@@ -127,8 +128,10 @@ void WarnOfNumbers(const design& document, std::vector<report>& found) {
 void WarnOfArguments(const dvblock& block, const end_registers& expected, const net_ends& ends,
                      const pin_registers& written, std::vector<report>& found) {
   for (const pin& p : block.pins) {
-    const auto on = std::ranges::equal_range(expected, ends.Find(block.id, p.pin_name), {},
-                                             &end_registers::value_type::first);
+    const std::uint32_t end = ends.Find(block.id, p.pin_name);
+    const std::span on(
+        std::ranges::lower_bound(expected, end, {}, &end_registers::value_type::first),
+        std::ranges::upper_bound(expected, end, {}, &end_registers::value_type::first));
     if (on.empty() || !IsRegisterClass(p.pin_type)) continue;
     const std::string_view argument = written.Find({block.id, p.pin_num});
     // What is empty there was told of the node.
