@@ -9,6 +9,7 @@
 #include "app/verbs/explaining.h"
 #include "app/verbs/generating.h"
 #include "app/window.h"
+#include "platform/short_memory.h"
 
 namespace {
 
@@ -27,6 +28,7 @@ struct front_end {
 }  // namespace
 
 int main(int argc, char** argv) {
+  mardel::TellShortMemory();
   const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
   return std::visit(front_end{argc, argv}, mardel::ParseCommandLine(arguments));
 }

@@ -10,6 +10,7 @@
 #include "app/verbs/explaining.h"
 #include "app/verbs/generating.h"
 #include "platform/neighbour.h"
+#include "platform/short_memory.h"
 
 namespace {
 
@@ -30,6 +31,7 @@ struct front_end {
 }  // namespace
 
 int main(int argc, char** argv) {
+  mardel::TellShortMemory();
   const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
   return std::visit(front_end{argv}, mardel::ParseCommandLine(arguments));
 }

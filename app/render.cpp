@@ -109,6 +109,7 @@ exit_status Run(const render_request& asked) {
     return Run(usage_error{"the output would replace the design " + asked.design});
   }
   const std::unique_ptr<picture_maker> pictures = StartPictures();
+  if (pictures == nullptr) return exit_status::kFileOrToolMissing;
   headless_program run(pictures->Metrics(), asked.from);
   PrintReports(run.reports);
   if (!pictures->HasTextFont()) {

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <new>
 
 #include "app/recovery.h"
 #include "codegen/design_file.h"
@@ -103,7 +104,7 @@ bool unsaved_copy::ClaimFolder() {
   return false;
 }
 
-void unsaved_copy::Begin(const workspace& work) {
+void unsaved_copy::Begin(const workspace& work) try {
   kept_change_ = work.undo.changes;
   has_failed_ = false;
   if (!HoldsFolder()) {
@@ -117,10 +118,14 @@ void unsaved_copy::Begin(const workspace& work) {
   writing_ = std::async(
       std::launch::async | std::launch::deferred,
       [path = path_, text = DesignText(work.document)] { return ReplaceFile(path, text); });
+} catch (const std::bad_alloc&) {
+  has_failed_ = true;
 }
 
-void unsaved_copy::Finish() {
+void unsaved_copy::Finish() try {
   if (writing_.valid() && writing_.get() != write_status::kWritten) has_failed_ = true;
+} catch (const std::bad_alloc&) {
+  has_failed_ = true;
 }
 
 }  // namespace mardel

@@ -52,8 +52,8 @@ class desktop : public ui {
   virtual int Run(const std::function<bool(const event&)>& handle) = 0;
 };
 
-// Null when the desktop can't be reached (no display). `arguments` are those of main, which the
-// toolkit's own options are taken from.
+// Null when the desktop can't be reached (no display) or a limit is too low, as a line on standard
+// error says. `arguments` are those of main, which the toolkit's own options are taken from.
 std::unique_ptr<desktop> StartDesktop(int& argument_count, char** arguments);
 
 // Measures without fonts or a display, for work whose results no picture shows.

@@ -27,7 +27,10 @@ bool IsFolder(const std::string& path) {
 std::string ReadingFailure(const std::string& path) {
   if (IsFolder(path)) return Reason(EISDIR);
   if (access(path.c_str(), R_OK) != 0) return Reason(errno);
-  return IsRegularFile(path) ? Reason(EFBIG) : "Not a regular file";
+  struct stat found{};
+  if (stat(path.c_str(), &found) != 0 || !S_ISREG(found.st_mode)) return "Not a regular file";
+  return found.st_size > static_cast<off_t>(kMostFileBytes) ? Reason(EFBIG)
+                                                            : "disk fault or too little memory";
 }
 
 std::string WritingFailure(const std::string& path, write_status how) {

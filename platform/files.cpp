@@ -8,13 +8,14 @@
 #include <cerrno>
 #include <filesystem>
 #include <memory>
+#include <new>
 
 #include "platform/temporary.h"
 
 namespace mardel {
 namespace {
 
-std::optional<std::string> ReadToEnd(const descriptor& file, std::size_t expected_size) {
+std::optional<std::string> ReadToEnd(const descriptor& file, std::size_t expected_size) try {
   std::string content(expected_size + 1, '\0');
   std::size_t size = 0;
   while (true) {
@@ -28,6 +29,8 @@ std::optional<std::string> ReadToEnd(const descriptor& file, std::size_t expecte
   }
   content.resize(size);
   return content;
+} catch (const std::bad_alloc&) {
+  return std::nullopt;
 }
 
 bool IsFolder(DIR* folder, const dirent& entry) {

@@ -12,7 +12,7 @@ namespace mardel {
 constexpr std::size_t kMostFileBytes = std::size_t{64} << 20U;
 
 // The whole content; nothing when `path` is no regular file (folders, FIFOs and devices are never
-// waited for), can't be read, or holds more than kMostFileBytes.
+// waited for), can't be read, or holds more than kMostFileBytes or than memory has room for.
 std::optional<std::string> ReadFile(const std::string& path);
 
 // All of standard input; nothing when it can't be read or goes on beyond kMostFileBytes.

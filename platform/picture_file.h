@@ -40,7 +40,8 @@ class picture_maker {
                                           const std::function<void(painter&)>& draw) = 0;
 };
 
-// Takes the place of the desktop: a process has one or the other, and one of them once.
+// Takes the place of the desktop: a process has one or the other, and one of them once. Null when
+// a limit is too low, as a line on standard error says.
 std::unique_ptr<picture_maker> StartPictures();
 
 }  // namespace mardel

@@ -8,6 +8,7 @@
 #include "platform/desktop.h"
 #include "platform/qt/qt_desktop.h"
 #include "platform/qt/toolkit_log.h"
+#include "platform/qt/toolkit_needs.h"
 
 namespace mardel {
 namespace {
@@ -38,6 +39,7 @@ std::unique_ptr<desktop> StartDesktop(int& argument_count, char** arguments) {
     SayNoWindow();
     return nullptr;
   }
+  if (!ToolkitCanStart()) return nullptr;
   QuietToolkit();
   // Asking the session bus for a global menu bar costs a start more than all the menus.
 #if !defined(Q_OS_DARWIN)

@@ -15,6 +15,7 @@
 #include "platform/qt/qt_text_metrics.h"
 #include "platform/qt/text_layouts.h"
 #include "platform/qt/toolkit_log.h"
+#include "platform/qt/toolkit_needs.h"
 #include "platform/svg_painter.h"
 
 namespace mardel {
@@ -141,6 +142,7 @@ class qt_picture_maker : public picture_maker {
 }  // namespace
 
 std::unique_ptr<picture_maker> StartPictures() {
+  if (!ToolkitCanStart()) return nullptr;
   QuietToolkitForPictures();
   // The user's theme would look for a display.
   qunsetenv("QT_QPA_PLATFORMTHEME");
