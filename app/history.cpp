@@ -22,6 +22,7 @@ std::string VersionsFolder(const std::string& state_folder, const std::string& d
 
 // 0 when it is none.
 int NumberOf(std::string_view name) {
+  if (!name.ends_with(kDesignSuffix)) return 0;
   name.remove_suffix(kDesignSuffix.size());
   int number = 0;
   const auto [end, problem] = std::from_chars(name.data(), name.data() + name.size(), number);
@@ -32,14 +33,28 @@ std::string PathOf(const std::string& folder, int number) {
   return folder + std::to_string(number) + std::string(kDesignSuffix);
 }
 
+void Remove(const std::string& path) {
+  std::error_code ignored;
+  std::filesystem::remove(path, ignored);
+}
+
 void DropOldest(const std::string& state_folder, const std::string& design) {
   std::size_t count = 0, bytes = 0;
   for (const design_version& each : Versions(state_folder, design)) {
     ++count;
     bytes += each.facts.size;
-    if (count == 1 || (count <= kMostVersions && bytes <= kMostVersionBytes)) continue;
-    std::error_code ignored;
-    std::filesystem::remove(each.path, ignored);
+    if (count > 1 && (count > kMostVersions || bytes > kMostVersionBytes)) Remove(each.path);
+  }
+}
+
+void DropOldestOfAll(const std::string& state_folder) {
+  std::vector<stored_file> files = FilesBelow(state_folder + "history/");
+  std::ranges::sort(files, std::ranges::greater(), &stored_file::stored);
+  std::size_t bytes = 0;
+  for (const stored_file& each : files) {
+    if (NumberOf(FileName(each.path)) == 0) continue;  // none of ours
+    bytes += each.size;
+    if (bytes > kMostHistoryBytes) Remove(each.path);
   }
 }
 
@@ -77,6 +92,7 @@ void KeepVersion(const std::string& state_folder, const std::string& design) {
   const auto saved = std::filesystem::last_write_time(design, unknown);
   if (!unknown) std::filesystem::last_write_time(PathOf(folder, number), saved, unknown);
   DropOldest(state_folder, design);
+  DropOldestOfAll(state_folder);
 }
 
 }  // namespace mardel

@@ -12,6 +12,7 @@ namespace mardel {
 constexpr std::size_t kMostVersions = 20;
 constexpr std::size_t kMostVersionBytes = std::size_t{64}
                                           << 20U;  // of one design; the newest stays
+constexpr std::size_t kMostHistoryBytes = std::size_t{512} << 20U;  // of all designs
 
 struct design_version {
   int number = 0;    // from 1 on; each design counts its own, and never anew
@@ -23,7 +24,7 @@ struct design_version {
 std::vector<design_version> Versions(const std::string& state_folder, const std::string& design);
 
 // Keeps what stands in the design's file, unless that is the version that was kept last. What can't
-// be kept is left out: it hinders no save.
+// be kept is left out: it hinders no save. Of too many those that were kept first go.
 void KeepVersion(const std::string& state_folder, const std::string& design);
 
 }  // namespace mardel

@@ -129,7 +129,7 @@ load_status StatusOf(xml_status read) {
 class design_reader : public xml_list_reader {
  public:
   design_reader(raw_design& raw, std::size_t size, std::string_view line_separator)
-      : raw_(raw), line_separator_(line_separator), room_(std::max(kFreeRoom, 16 * size)) {}
+      : raw_(raw), line_separator_(line_separator), room_(XmlRoom(size)) {}
 
   void OpenRoot(std::string_view name) override { raw_.root_name = name; }
 
@@ -156,8 +156,6 @@ class design_reader : public xml_list_reader {
   }
 
  private:
-  static constexpr std::size_t kFreeRoom = std::size_t{32} << 20U;
-
   raw_design& raw_;
   std::string_view line_separator_;
   std::size_t room_;  // in bytes, that is left

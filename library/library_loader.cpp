@@ -43,6 +43,20 @@ colour LibraryColour(std::string_view text) {
   return Rgba(Component(red), Component(green), Component(blue));
 }
 
+// In bytes, what is made of a file, each block with its library's name.
+std::size_t RoomOf(xml_tree::node root) {
+  constexpr std::size_t kRoomOfEntry = 256, kRoomOfBlock = 512;
+  std::size_t room = 0, name_size = 0;
+  for (const xml_tree::node child : root.Children()) {
+    room += kRoomOfEntry;
+    if (child.Name() == "name") name_size = child.Text().size();
+    for (const xml_tree::node each : child.Children()) {
+      room += each.Name() == "name" ? kRoomOfBlock + name_size : kRoomOfEntry;
+    }
+  }
+  return room;
+}
+
 // One walk through one file.
 class library_reader {
  public:
@@ -166,6 +180,7 @@ std::optional<report> LoadLibraryFile(library_loading& so_far, const std::string
     case xml_status::kRead:
       break;
   }
+  if (RoomOf(file.tree.Root()) > XmlRoom(file.size)) return LoadingError(so_far);
   library_reader reader(so_far);
   if (auto refused = reader.Read(file.tree.Root())) return refused;
   if (!reader.LibraryName().empty()) RegisterStaged(so_far, reader.LibraryName());

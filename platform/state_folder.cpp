@@ -51,4 +51,18 @@ std::vector<std::string> ListFolders(const std::string& folder) {
   return names;
 }
 
+std::vector<stored_file> FilesBelow(const std::string& folder) {
+  using walk = std::filesystem::recursive_directory_iterator;
+  std::vector<stored_file> files;
+  std::error_code end;
+  for (walk entry(folder, std::filesystem::directory_options::skip_permission_denied, end);
+       !end && entry != walk(); entry.increment(end)) {
+    struct stat found{};
+    if (lstat(entry->path().c_str(), &found) != 0 || !S_ISREG(found.st_mode)) continue;
+    files.push_back(
+        {entry->path().string(), static_cast<std::size_t>(found.st_size), found.st_ctime});
+  }
+  return files;
+}
+
 }  // namespace mardel

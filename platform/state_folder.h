@@ -1,6 +1,8 @@
 // The folder where the program keeps what is not the user's own file, and folders below it.
 #pragma once
 
+#include <cstddef>
+#include <ctime>
 #include <string>
 #include <vector>
 
@@ -20,5 +22,14 @@ bool MakeNewFolder(const std::string& path);
 
 // Names of the folders in `folder`, links left out.
 std::vector<std::string> ListFolders(const std::string& folder);
+
+struct stored_file {
+  std::string path;
+  std::size_t size = 0;
+  std::time_t stored = 0;  // when it came there, whatever date it bears
+};
+
+// Regular files in `folder` and in all folders below it, links left out; in no order.
+std::vector<stored_file> FilesBelow(const std::string& folder);
 
 }  // namespace mardel

@@ -189,7 +189,7 @@ xml_result ParseXml(std::string_view bytes) try {
   xml_reader reader(nullptr);
   const xml_status status = reader.Read(bytes);
   if (status != xml_status::kRead) return {status, {}};
-  return {status, reader.TakeTree()};
+  return {status, reader.TakeTree(), bytes.size()};
 } catch (const std::bad_alloc&) {
   return {};
 }

@@ -1,6 +1,7 @@
 // XML files as element trees, or as a stream of small ones.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -115,8 +116,14 @@ enum class [[nodiscard]] xml_status {
 
 struct [[nodiscard]] xml_result {
   xml_status status = xml_status::kNotLoaded;
-  xml_tree tree;  // only when status is kRead
+  xml_tree tree;         // only when status is kRead
+  std::size_t size = 0;  // of the document, in bytes
 };
+
+// In bytes, how much may be made of a document of this size, so that no small one takes all memory.
+inline std::size_t XmlRoom(std::size_t size) {
+  return std::max(std::size_t{32} << 20U, 16 * size);
+}
 
 xml_result ReadXmlFile(const std::string& path);
 xml_result ParseXml(std::string_view bytes);
