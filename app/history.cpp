@@ -47,17 +47,6 @@ void DropOldest(const std::string& state_folder, const std::string& design) {
   }
 }
 
-void DropOldestOfAll(const std::string& state_folder) {
-  std::vector<stored_file> files = FilesBelow(state_folder + "history/");
-  std::ranges::sort(files, std::ranges::greater(), &stored_file::stored);
-  std::size_t bytes = 0;
-  for (const stored_file& each : files) {
-    if (NumberOf(FileName(each.path)) == 0) continue;  // none of ours
-    bytes += each.size;
-    if (bytes > kMostHistoryBytes) Remove(each.path);
-  }
-}
-
 }  // namespace
 
 std::vector<design_version> Versions(const std::string& state_folder, const std::string& design) {
@@ -92,7 +81,18 @@ void KeepVersion(const std::string& state_folder, const std::string& design) {
   const auto saved = std::filesystem::last_write_time(design, unknown);
   if (!unknown) std::filesystem::last_write_time(PathOf(folder, number), saved, unknown);
   DropOldest(state_folder, design);
-  DropOldestOfAll(state_folder);
+}
+
+void BoundHistory(const std::string& state_folder) {
+  if (state_folder.empty()) return;
+  std::vector<stored_file> files = FilesBelow(state_folder + "history/");
+  std::ranges::sort(files, std::ranges::greater(), &stored_file::stored);
+  std::size_t bytes = 0;
+  for (const stored_file& each : files) {
+    if (NumberOf(FileName(each.path)) == 0) continue;  // none of ours
+    bytes += each.size;
+    if (bytes > kMostHistoryBytes) Remove(each.path);
+  }
 }
 
 }  // namespace mardel

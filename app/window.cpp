@@ -4,6 +4,7 @@
 
 #include "app/event_handling.h"
 #include "app/file_commands.h"
+#include "app/history.h"
 #include "app/logo.h"
 #include "app/recovery.h"
 #include "app/reports.h"
@@ -81,6 +82,7 @@ int RunWindow(const std::string& design_path, int& argument_count, char** argume
   desk->KeepWork(Keeper(app));
   const int code = desk->Run([&app](const event& happened) { return HandleEvent(app, happened); });
   app.copy.GiveUp();
+  BoundHistory(app.outside.state_folder);
   return code;
 }
 
