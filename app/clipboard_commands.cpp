@@ -16,6 +16,7 @@ void Say(const program& app, const std::string& text) {
 
 void Copy(const program& app) {
   if (!app.work.document.has_selection) return Say(app, "Nothing is selected");
+  Say(app, "");
   app.outside.desk.SetClipboardText(DesignText(CopyOfSelection(app.work.document)));
 }
 
@@ -33,6 +34,7 @@ void Paste(program& app) {
     return Say(app, "Not pasted: the libraries lack " + std::to_string(loaded.reports.size()) +
                         " of its blocks");
   }
+  Say(app, "");
   PasteDesign(app.work, std::move(loaded.document));
 }
 
