@@ -22,6 +22,7 @@
 #include "platform/qt/canvas.h"
 #include "platform/qt/secondary_window.h"
 #include "tests/platform/toolkit.h"
+#include "tests/support/files.h"
 
 namespace mardel {
 namespace {
@@ -129,6 +130,21 @@ TEST_F(desktop_test, DeliversMouseAndKeysOnce) {
                             "mouse 1 at 9,10", "interrupted", "mouse 3 at 1,2", "mouse 1 at 1,2",
                             "interrupted", "key 127", "key 127", "arrow -1,0 shift", "wheel 0,1",
                             "wheel 0,1", "wheel -10,0", "dropped /a b.mrd", "dropped /\xE9.mrd"}));
+}
+
+TEST_F(desktop_test, IsAliveAndDeafWhileAToolRuns) {
+  const scratch_folder folder;
+  const std::string sign = folder.Path() + "sign";
+  const strings heard = Hear([&] {
+    QTimer::singleShot(0, [&sign] {
+      Key(Find<canvas>(), Qt::Key_Delete);
+      WriteAll(sign, "");
+    });
+    const tool_result ended = desk.ToolRunner()->RunTool(
+        "/bin/sh", "-c \"until [ -e " + sign + " ]; do :; done; echo bad >&2; echo out; exit 3\"");
+    EXPECT_EQ(ended.output, "out\rbad\r");
+  });
+  EXPECT_EQ(heard, strings{});
 }
 
 TEST_F(desktop_test, TheCanvasKeepsTheKeyboard) {
