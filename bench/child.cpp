@@ -11,6 +11,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <ctime>
+#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <thread>
@@ -119,6 +120,10 @@ class watcher {
 };
 
 }  // namespace
+
+std::string Beside(const std::string& program) {
+  return std::filesystem::read_symlink("/proc/self/exe").parent_path() / program;
+}
 
 pid_t Start(const command& started) {
   std::vector<std::string> words = started.words;

@@ -8,6 +8,9 @@
 
 namespace mardel {
 
+// The path of a program that was built beside this one.
+std::string Beside(const std::string& program);
+
 struct command {
   std::vector<std::string> words;  // the program's path first
   std::string home;

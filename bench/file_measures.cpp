@@ -7,6 +7,7 @@
 
 #include "bench/measures.h"
 #include "codegen/design_file.h"
+#include "platform/files.h"
 
 namespace mardel {
 namespace {
@@ -28,19 +29,19 @@ void OnStart(void* /*data*/, const XML_Char* /*name*/, const XML_Char** /*attrib
 void OnEnd(void* /*data*/, const XML_Char* /*name*/) {}
 void OnCharacters(void* /*data*/, const XML_Char* /*text*/, int /*size*/) {}
 
+void Parse(const std::string& bytes) {
+  const XML_Parser parser = XML_ParserCreate(nullptr);
+  XML_SetElementHandler(parser, OnStart, OnEnd);
+  XML_SetCharacterDataHandler(parser, OnCharacters);
+  XML_Parse(parser, bytes.data(), static_cast<int>(bytes.size()), XML_TRUE);
+  XML_ParserFree(parser);
+}
+
 void ParseOnly(benchmark::State& state, std::size_t blocks) {
   design_program generated;
   generated.Generate(blocks);
   const std::string bytes = DesignText(generated.document);
-  for (auto _ : state) {
-    TimeComputing(state, [&] {
-      const XML_Parser parser = XML_ParserCreate(nullptr);
-      XML_SetElementHandler(parser, OnStart, OnEnd);
-      XML_SetCharacterDataHandler(parser, OnCharacters);
-      XML_Parse(parser, bytes.data(), static_cast<int>(bytes.size()), XML_TRUE);
-      XML_ParserFree(parser);
-    });
-  }
+  for (auto _ : state) TimeComputing(state, [&] { Parse(bytes); });
 }
 
 void Save(benchmark::State& state, const std::string& path, std::size_t blocks) {
@@ -51,7 +52,10 @@ void Save(benchmark::State& state, const std::string& path, std::size_t blocks) 
   }
 }
 
-void WriteOnly(benchmark::State& state, const std::string& path, std::size_t blocks) {
+enum class flushes { kFile, kFileAndFolder };
+
+void WriteOnly(benchmark::State& state, const std::string& path, std::size_t blocks,
+               flushes asked) {
   design_program generated;
   generated.Generate(blocks);
   const std::string bytes = DesignText(generated.document);
@@ -63,11 +67,34 @@ void WriteOnly(benchmark::State& state, const std::string& path, std::size_t blo
       fsync(file);
       close(file);
       benchmark::DoNotOptimize(std::rename(beside.c_str(), path.c_str()));
+      if (asked == flushes::kFile) return;
+      const int folder = open(".", O_RDONLY | O_DIRECTORY);
+      fsync(folder);
+      close(folder);
     });
   }
 }
 
+void AddSave(table& all, const std::string& path, std::size_t blocks, flushes asked) {
+  const bool is_one = asked == flushes::kFile;
+  all.Add({.name = is_one ? "save a design" : "… beside a floor that flushes twice too",
+           .floor_name = is_one ? "write, flush, rename" : "the same, flush the folder",
+           .size = std::to_string(blocks),
+           .product = [=](benchmark::State& state) { Save(state, path, blocks); },
+           .floor = [=](benchmark::State& state) { WriteOnly(state, path, blocks, asked); },
+           .target = is_one ? 2.0 : 0});
+}
+
 }  // namespace
+
+void ParseFile(benchmark::State& state, const std::string& path) {
+  const std::string bytes = ReadFile(path).value_or("");
+  for (auto _ : state) TimeWaiting(state, [&] { Parse(bytes); });
+}
+
+double FileKibibytes(const std::string& path) {
+  return static_cast<double>(ReadFile(path).value_or("").size()) / 1024;
+}
 
 void AddFileMeasures(table& all, const inputs& in) {
   for (const std::size_t blocks : {100U, 1000U, 10000U}) {
@@ -80,12 +107,8 @@ void AddFileMeasures(table& all, const inputs& in) {
   }
   for (const std::size_t blocks : {100U, 1000U, 10000U}) {
     const std::string path = in.Folder() + "saved.mrd";
-    all.Add({.name = "save a design",
-             .floor_name = "write, flush, rename",
-             .size = std::to_string(blocks),
-             .product = [=](benchmark::State& state) { Save(state, path, blocks); },
-             .floor = [=](benchmark::State& state) { WriteOnly(state, path, blocks); },
-             .target = 2});
+    AddSave(all, path, blocks, flushes::kFile);
+    AddSave(all, path, blocks, flushes::kFileAndFolder);
   }
 }
 

@@ -29,13 +29,15 @@ inputs::inputs(const std::string& program, const std::string& sources)
     : program_(program),
       folder_(MakeFolder()),
       samples_home_(MakeHome(folder_ + "samples/")),
-      libraries_home_(MakeHome(folder_ + "libraries/")) {
+      libraries_home_(MakeHome(folder_ + "libraries/")),
+      library_home_(MakeHome(folder_ + "library/")) {
   std::filesystem::copy(sources + "samples/Libraries", samples_home_ + kLibraries);
   std::filesystem::copy(sources + "samples/Echo.mrd", SampleDesign());
   for (int number = 0; number < kLibraryFiles; ++number) {
     const std::string name = "synth" + std::to_string(number) + ".dvl";
     std::ofstream(libraries_home_ + kLibraries + name) << LibraryText(number, kBlocksInFile);
   }
+  std::filesystem::copy(libraries_home_ + kLibraries + "synth0.dvl", library_home_ + kLibraries);
   // What runs in this process sees the home with the generated libraries.
   setenv("HOME", libraries_home_.c_str(), 1);
   std::filesystem::current_path(folder_);

@@ -19,11 +19,13 @@ class inputs {
   const std::string& Program() const { return program_; }
   const std::string& Folder() const { return folder_; }
   const std::string& SamplesHome() const { return samples_home_; }
+  // Of 30 generated libraries, and of the one that generated designs are made from.
   const std::string& LibrariesHome() const { return libraries_home_; }
+  const std::string& LibraryHome() const { return library_home_; }
   std::string SampleDesign() const;
 
  private:
-  std::string program_, folder_, samples_home_, libraries_home_;
+  std::string program_, folder_, samples_home_, libraries_home_, library_home_;
 };
 
 // With the built-in libraries and "synth0", which a design is generated from.

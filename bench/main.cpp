@@ -14,13 +14,14 @@ int main(int argc, char** argv) {
   benchmark::Initialize(&argc, argv);
   table all;
   AddStartMeasures(all, in);
+  AddProcessMeasures(all, in);
   AddFileMeasures(all, in);
   AddKeepingMeasures(all, in);
   AddNetlistMeasures(all, in);
-  AddProcessMeasures(all, in);
   AddRedrawMeasures(all);
   AddEventMeasures(all);
   AddUndoMeasures(all);
+  AddCornerMeasures(all, in);
   AddMemoryMeasure(all);
   all.Run();
 }

@@ -18,7 +18,12 @@ void AddProcessMeasures(table& all, const inputs& in);
 void AddRedrawMeasures(table& all);
 void AddEventMeasures(table& all);
 void AddUndoMeasures(table& all);
+void AddCornerMeasures(table& all, const inputs& in);
 void AddMemoryMeasure(table& all);
+
+// The floor of what reads a file.
+void ParseFile(benchmark::State& state, const std::string& path);
+double FileKibibytes(const std::string& path);
 
 // Each counts as one iteration. What only computes is timed by the processor time that it takes,
 // which other work on the machine hardly changes. The time is that of one of `steps`.

@@ -1,11 +1,9 @@
 // From the start of a process to what the user sees of it.
 #include <cstdlib>
-#include <filesystem>
 
 #include "app/main_menu.h"
 #include "bench/child.h"
 #include "bench/measures.h"
-#include "codegen/design_file.h"
 
 namespace mardel {
 namespace {
@@ -33,10 +31,6 @@ std::vector<std::string> MenuCounts(const std::string& home) {
   return {std::to_string(submenus), std::to_string(commands)};
 }
 
-std::string BareWindow() {
-  return std::filesystem::read_symlink("/proc/self/exe").parent_path() / "mardel_bare_window";
-}
-
 void Show(benchmark::State& state, const command& started) {
   for (auto _ : state) {
     const mapping seen = StartWindow(started);
@@ -49,7 +43,7 @@ void Show(benchmark::State& state, const command& started) {
 }
 
 void Add(table& all, const char* name, const command& product, double target) {
-  command floor{{BareWindow()}, product.home};
+  command floor{{Beside("mardel_bare_window")}, product.home};
   for (const std::string& count : MenuCounts(product.home)) floor.words.push_back(count);
   all.Add({.name = name,
            .floor_name = "bare window",
@@ -57,6 +51,7 @@ void Add(table& all, const char* name, const command& product, double target) {
            .product = [=](benchmark::State& state) { Show(state, product); },
            .floor = [=](benchmark::State& state) { Show(state, floor); },
            .target = target,
+           .memory_target = target,
            .iterations = 1});
 }
 
@@ -67,31 +62,6 @@ void AddStartMeasures(table& all, const inputs& in) {
       1.3);
   Add(all, "start to mapped window, 30 files of 50 blocks", {{in.Program()}, in.LibrariesHome()},
       2);
-}
-
-void AddProcessMeasures(table& all, const inputs& in) {
-  const std::string path = in.Folder() + "large.mrd";
-  design_program generated;
-  generated.Generate(10000);
-  (void)SaveDesign(generated.document, path);
-  const auto run = [](benchmark::State& state, const command& started) {
-    for (auto _ : state) {
-      ending end;
-      TimeWaiting(state, [&] { end = Await(Start(started)); });
-      if (end.status != 0) state.SkipWithError("it failed");
-      state.counters[kProcessorCounter] = end.processor * 1e3;
-    }
-  };
-  const command generate{{in.Program(), "--generate", in.Folder() + "large.dvc", path},
-                         in.LibrariesHome()};
-  const command version{{in.Program(), "--version"}, in.LibrariesHome()};
-  all.Add({.name = "`mardel --generate`, whole process",
-           .floor_name = "`--version`",
-           .size = "10000",
-           .product = [=](benchmark::State& state) { run(state, generate); },
-           .floor = [=](benchmark::State& state) { run(state, version); },
-           .most_above_floor = 60,
-           .iterations = 1});
 }
 
 }  // namespace mardel

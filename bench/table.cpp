@@ -31,7 +31,7 @@ std::string Target(double most) {
 }
 
 std::string Verdict(double ratio, double most) {
-  return most != 0 && ratio > most ? Format("**%.2f**", ratio) : Format("%.2f", ratio);
+  return most != 0 && ratio > most ? Format("**%.2f, missed**", ratio) : Format("%.2f", ratio);
 }
 
 }  // namespace
@@ -61,7 +61,7 @@ class table::collector : public benchmark::ConsoleReporter {
 
 void table::Add(const measure& added) {
   rows_.push_back({added.name, added.floor_name, added.size, added.target, added.growth_target,
-                   added.most_above_floor});
+                   added.memory_target});
   const auto add = [&added](const std::string& name, const measured& run) {
     auto* const made = benchmark::RegisterBenchmark(name.c_str(), run);
     made->Unit(benchmark::kMicrosecond)->UseManualTime();
@@ -71,12 +71,11 @@ void table::Add(const measure& added) {
   if (added.floor) add(FloorName(added.name, added.size), added.floor);
 }
 
-void table::PrintCounter(const row& shown, const std::string& counter) const {
+void table::PrintCounter(const row& shown, const std::string& counter, double target) const {
   const auto product = medians_.find(ProductName(shown.name, shown.size) + "|" + counter);
   const auto floor = medians_.find(FloorName(shown.name, shown.size) + "|" + counter);
   if (product == medians_.end() || floor == medians_.end()) return;
   const double ratio = product->second / floor->second;
-  const double target = counter == kMemoryCounter ? shown.target : 0;
   std::printf("| … %s | %s | %.0f | %.0f | %s | %s | | | |\n", counter.c_str(), shown.size.c_str(),
               product->second, floor->second, Verdict(ratio, target).c_str(),
               Target(target).c_str());
@@ -91,15 +90,8 @@ void table::PrintGrowth(const row& shown) const {
 }
 
 void table::PrintAgainstFloor(const row& shown, double product, double floor) const {
-  std::printf(" %s: %s |", shown.floor_name.c_str(), Duration(floor).c_str());
-  if (shown.most_above_floor == 0) {
-    std::printf(" %s | %s |", Verdict(product / floor, shown.target).c_str(),
-                Target(shown.target).c_str());
-  } else {
-    const double above = (product - floor) / 1e6;
-    const char* const format = above > shown.most_above_floor ? "**+%.0f ms**" : "+%.0f ms";
-    std::printf(" %s | ≤ +%.0f ms |", Format(format, above).c_str(), shown.most_above_floor);
-  }
+  std::printf(" %s: %s | %s | %s |", shown.floor_name.c_str(), Duration(floor).c_str(),
+              Verdict(product / floor, shown.target).c_str(), Target(shown.target).c_str());
 }
 
 void table::PrintTimesSmaller(const row& shown) const {
@@ -112,8 +104,10 @@ void table::PrintTimesSmaller(const row& shown) const {
   const auto growth = [&](std::string (*name)(const std::string&, const std::string&)) {
     return medians_.at(name(shown.name, shown.size)) / medians_.at(name(shown.name, smaller));
   };
+  const bool has_floor = medians_.contains(FloorName(shown.name, shown.size));
   std::printf(" %s | %s | %s |\n", Verdict(growth(ProductName), shown.growth_target).c_str(),
-              Format("%.2f", growth(FloorName)).c_str(), Target(shown.growth_target).c_str());
+              has_floor ? Format("%.2f", growth(FloorName)).c_str() : "",
+              Target(shown.growth_target).c_str());
 }
 
 void table::PrintRow(const row& shown) const {
@@ -128,9 +122,10 @@ void table::PrintRow(const row& shown) const {
     PrintAgainstFloor(shown, product->second, floor->second);
   }
   PrintTimesSmaller(shown);
-  PrintCounter(shown, kPaintedCounter);
-  PrintCounter(shown, kProcessorCounter);
-  PrintCounter(shown, kMemoryCounter);
+  PrintCounter(shown, kPaintedCounter, 0);
+  PrintCounter(shown, kProcessorCounter, 0);
+  PrintCounter(shown, kMemoryCounter, shown.memory_target);
+  PrintCounter(shown, kPeakCounter, shown.memory_target);
   PrintGrowth(shown);
 }
 
@@ -140,7 +135,7 @@ void table::Run() {
   shown.SetErrorStream(&std::clog);
   benchmark::RunSpecifiedBenchmarks(&shown);
   std::printf(
-      "| measure | blocks | median | floor | ratio | target | 10 × the blocks | the floor's | "
+      "| measure | size | median | floor | ratio | target | 10 × the size | the floor's | "
       "target "
       "|\n|---|--:|--:|--:|--:|--:|--:|--:|--:|\n");
   for (const row& each : rows_) PrintRow(each);

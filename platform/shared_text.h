@@ -24,7 +24,9 @@ class shared_text {
 
   const std::string& Text() const;
   operator const std::string&() const { return Text(); }
-  operator std::string_view() const { return Text(); }
+  operator std::string_view() const {
+    return text_ == nullptr ? std::string_view() : std::string_view(*text_);
+  }
   bool empty() const { return text_ == nullptr; }
 
   friend bool operator==(const shared_text& a, const shared_text& b) {
