@@ -81,17 +81,31 @@ constexpr record_fields<textblock>::integer kNoteIntegers[] = {
     {"text_id", &textblock::id}, {"x", &textblock::x}, {"y", &textblock::y}};
 constexpr record_fields<textblock>::text kNoteTexts[] = {{"text_str", &textblock::text_str}};
 
+std::size_t CountChildren(xml_tree::node of) {
+  std::size_t count = 0;
+  for ([[maybe_unused]] const xml_tree::node each : of.Children()) ++count;
+  return count;
+}
+
+// Appends the entries of that name.
+template <class record>
+void ReadList(std::vector<record>& list, xml_tree::node from, std::string_view name,
+              const record_fields<record>& fields, text_pool& names) {
+  if (list.empty()) list.reserve(CountChildren(from));
+  for (const xml_tree::node each : from.Children()) {
+    if (each.Name() == name) list.push_back(ReadRecord<record>(each, fields, names));
+  }
+}
+
 dvblock ReadBlock(xml_tree::node element, text_pool& names) {
   dvblock block;
   for (const xml_tree::node child : element.Children()) {
     if (ReadField<dvblock>(block, child, {kBlockIntegers, kBlockTexts}, names)) continue;
-    for (const xml_tree::node entry : child.Children()) {
-      if (child.Name() == "pins" && entry.Name() == "pin") {
-        block.pins.push_back(ReadRecord<pin>(entry, {kPinIntegers, {}, kPinNames}, names));
-      } else if (child.Name() == "params" && entry.Name() == "param") {
-        block.params.push_back(
-            ReadRecord<param>(entry, {kParamIntegers, kParamTexts, kParamNames}, names));
-      }
+    if (child.Name() == "pins") {
+      ReadList<pin>(block.pins, child, "pin", {kPinIntegers, {}, kPinNames}, names);
+    } else if (child.Name() == "params") {
+      ReadList<param>(block.params, child, "param", {kParamIntegers, kParamTexts, kParamNames},
+                      names);
     }
   }
   return block;
@@ -108,9 +122,7 @@ std::size_t RoomOf(xml_tree::node entry) {
   constexpr std::size_t kRoomOfEntry = 256, kRoomOfBlock = 1024;
   if (entry.Name() != "dvblock") return kRoomOfEntry;
   std::size_t room = kRoomOfBlock;
-  for (const xml_tree::node list : entry.Children()) {
-    for ([[maybe_unused]] const xml_tree::node each : list.Children()) room += sizeof(pin);
-  }
+  for (const xml_tree::node list : entry.Children()) room += CountChildren(list) * sizeof(pin);
   return room;
 }
 

@@ -67,7 +67,7 @@ exit_status Tell(const std::vector<found_report>& reports, report_format format)
 
 }  // namespace
 
-checked_design CheckInput(headless_program& run, const std::string& path) {
+checked_design CheckInput(headless_program& run, const std::string& path, report_format format) {
   checked_design checked;
   const auto bytes = ReadInput(path);
   if (const auto* failure = std::get_if<report>(&bytes)) {
@@ -83,10 +83,13 @@ checked_design CheckInput(headless_program& run, const std::string& path) {
     checked.errors.push_back({.file = path, .what = LoadFailure(checked.status, path)});
     return checked;
   }
-  const line_finder lines(raw, content);
+  std::optional<line_finder> lines;
+  if (format != report_format::kText) lines.emplace(raw, content);
   design_findings found = FindAll(std::move(raw), context, run.registers);
   const auto add = [&](std::vector<report>& reports, std::vector<found_report>& to) {
-    for (report& each : reports) to.push_back({path, lines.Find(each.where), std::move(each)});
+    for (report& each : reports) {
+      to.push_back({path, lines ? lines->Find(each.where) : std::nullopt, std::move(each)});
+    }
   };
   add(found.errors, checked.errors);
   add(found.warnings, checked.warnings);
@@ -116,7 +119,7 @@ exit_status Run(const check_request& asked) {
   exit_status worst = run.status;
   for (const std::string& path : asked.designs) {
     if (run.status != exit_status::kDone) break;
-    checked_design checked = CheckInput(run, path);
+    checked_design checked = CheckInput(run, path, asked.format);
     worst = std::max(worst, StatusOf(checked, asked.warnings));
     std::ranges::move(checked.errors, std::back_inserter(all));
     std::ranges::move(checked.warnings, std::back_inserter(all));

@@ -19,8 +19,9 @@ struct checked_design {
 };
 
 // Reads, links and checks the design that the command line names so. Takes all memory registers
-// back first.
-[[nodiscard]] checked_design CheckInput(headless_program& run, const std::string& path);
+// back first. Reports get their lines in the file where the format tells them.
+[[nodiscard]] checked_design CheckInput(headless_program& run, const std::string& path,
+                                        report_format format = report_format::kText);
 
 // Why the design is refused, as the window would say it: all blocks that no library has, else the
 // first problem.
