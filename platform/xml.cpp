@@ -9,6 +9,7 @@
 #include <new>
 
 #include "platform/files.h"
+#include "platform/hash.h"
 
 namespace mardel {
 namespace {
@@ -73,6 +74,7 @@ class xml_reader {
 
   void SetUp(XML_Parser parser) {
     XML_SetUserData(parser, this);
+    XML_SetHashSalt(parser, kHashSeeds.start);  // its own would ask the system for each document
     XML_SetElementHandler(parser, &OnStart, &OnEnd);
     XML_SetCharacterDataHandler(parser, &OnCharacters);
     XML_SetEntityDeclHandler(parser, &OnEntity);
