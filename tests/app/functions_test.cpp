@@ -73,7 +73,7 @@ host_kind Host(const std::string& name) {
                                                       {"mac", host_kind::kMac},
                                                       {"windows", host_kind::kWindows},
                                                       {"other", host_kind::kOther}};
-  return hosts.at(name);
+  return Named(hosts, name);
 }
 
 std::string Separator(const arguments& words) {

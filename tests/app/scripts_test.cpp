@@ -71,7 +71,10 @@ bool Joins(std::string& line, const std::string& call) {
   return true;
 }
 
-edit_action ActionOf(int number) {
+edit_action ActionOf(const std::string& name, const std::string& kind) {
+  int number = kind == "block" ? 0 : kind == "net" ? 4 : 7;
+  while (number < std::ssize(kActionNames) && name != kActionNames[number]) ++number;
+  if (number == std::ssize(kActionNames)) throw unknown_word(name);
   if (number <= static_cast<int>(block_action::kEdited)) return block_action(number);
   if (number <= static_cast<int>(net_action::kDeleted)) return net_action(number);
   return note_action(number);
@@ -79,11 +82,6 @@ edit_action ActionOf(int number) {
 
 point Point(const std::string& word) {
   return {Number(word, ","), Number(word.substr(word.find(',') + 1))};
-}
-
-// The last word may name it.
-host_kind Host(const arguments& words) {
-  return words.back() == "linux" ? host_kind::kLinux : host_kind::kMac;
 }
 
 class program_player {
@@ -108,9 +106,9 @@ class program_player {
  private:
   using a = const arguments&;
 
-  void Start(const std::string& configuration, host_kind host) {
-    if (configuration != "none") WriteAll(folder_.Path() + "Mardel.con", configuration);
-    ReadSettings(app_, {.kind = host,
+  void Start(const std::string& configuration) {
+    WriteAll(folder_.Path() + "Mardel.con", configuration);
+    ReadSettings(app_, {.kind = host_kind::kMac,
                         .folders = {.documents = "/d/", .applications = "/a/", .home = "/h/"},
                         .current_folder = folder_.Path()});
     ShowReports(desk_, FillLibraries(app_));
@@ -180,8 +178,8 @@ class program_player {
                     {.id = design_.next_text_id++, .text_str = text, .x = at.x, .y = at.y}),
                 metrics_);
   }
-  void Keep(const std::string& action, const std::string& xml) {
-    work_.undo.records.push_back({work_.undo.group, ActionOf(Number(action)), xml});
+  void Keep(a words, const std::string& xml) {
+    work_.undo.records.push_back({work_.undo.group, ActionOf(words[0], words[1]), xml});
   }
   void Append(const dvblock& read) { design_.blocks.Append(read); }
   void Append(const net& read) { design_.nets.Append(read); }
@@ -276,7 +274,9 @@ class program_player {
   }
   // Of all titles, or of the one that is named.
   void ShowMenus(a words) {
-    for (const menu& each : MenuBar(Host({words[0]}), MenuIds(26), {})) {
+    static const std::map<std::string, host_kind> hosts{{"linux", host_kind::kLinux},
+                                                        {"mac", host_kind::kMac}};
+    for (const menu& each : MenuBar(Named(hosts, words[0]), MenuIds(26), {})) {
       if (words.size() == 1 || each.title == words[1]) Show(each.title + Describe(each.items));
     }
   }
@@ -293,7 +293,7 @@ class program_player {
 
   const std::map<std::string, std::function<void(a)>> commands_ = {
       // The user.
-      {"start", [this](a w) { Start(w[0], Host(w)); }},
+      {"start", [this](a w) { Start(w[0]); }},
       {"choose", [this](a w) { ChooseNamed(w[0]); }},
       {"place", [this](a w) { Place(w); }},
       {"move", [this](a w) { Mouse(mouse_action::kMove, w); }},
@@ -311,7 +311,7 @@ class program_player {
                                                                  {"cut", edit_shortcut::kCut},
                                                                  {"copy", edit_shortcut::kCopy},
                                                                  {"paste", edit_shortcut::kPaste}};
-         Send(canvas_shortcut{names.at(w[0])});
+         Send(canvas_shortcut{Named(names, w[0])});
        }},
       {"drop", [this](a w) { Send(files_dropped{w}); }},
       {"clip", [this](a w) { desk_.clipboard = w[0]; }},
@@ -327,9 +327,9 @@ class program_player {
       {"cancel", [this](a) { Use(2); }},
       {"will_answer",
        [this](a w) {
-         desk_.answers.push_back(w[0] == "yes"  ? answer::kYes
-                                 : w[0] == "no" ? answer::kNo
-                                                : answer::kCancel);
+         static const std::map<std::string, answer> names{
+             {"yes", answer::kYes}, {"no", answer::kNo}, {"cancel", answer::kCancel}};
+         desk_.answers.push_back(Named(names, w[0]));
        }},
       {"will_name", [this](a w) { desk_.paths.push_back(w[0]); }},
       // The program and its design.
@@ -349,9 +349,9 @@ class program_player {
       {"record",
        [this](a w) {
          WithRecord({w.begin() + 1, w.end()},
-                    [&](const auto& told) { Keep(w[0], WriteSnapshot(told)); });
+                    [&](const auto& told) { Keep(w, WriteSnapshot(told)); });
        }},
-      {"unreadable", [this](a w) { Keep(w[0], w[1]); }},
+      {"unreadable", [this](a w) { Keep(w, w[2]); }},
       {"library",
        [this](a w) {
          Add(&library_records::libraries, {w[0], w[1], Rgba(1, 2, 3, 0), Rgba(4, 5, 6, 0)});

@@ -52,7 +52,7 @@ class host_player {
   }
   std::vector<std::string> Do(arguments words) {
     std::ranges::transform(words, words.begin(), Expanded);
-    return commands_.at(TakeFirst(words))(words);
+    return Named(commands_, TakeFirst(words))(words);
   }
 
  private:

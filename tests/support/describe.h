@@ -50,11 +50,16 @@ bool WithSnapshot(const std::string& xml, action act) {
   return read(dvblock()) || read(net()) || read(textblock());
 }
 
+// In order of their numbers: of blocks, nets and notes.
+constexpr const char* kActionNames[] = {"placed", "changed", "deleted", "edited",
+                                        "made",   "moved",   "deleted", "added",
+                                        "edited", "moved",   "deleted"};
+
 inline std::string Line(const undo_record& record) {
   std::string kept = "not a snapshot";
   WithSnapshot(record.undo_xml, [&](const auto& read) { kept = Line(read); });
-  return "undo " + std::to_string(record.undo_group) + " action " +
-         std::visit([](auto action) { return std::to_string(static_cast<int>(action)); },
+  return "undo " + std::to_string(record.undo_group) + ' ' +
+         std::visit([](auto action) { return kActionNames[static_cast<int>(action)]; },
                     record.undo_action) +
          ' ' + kept;
 }

@@ -87,7 +87,11 @@ inline void ExpectTable(const std::string& name, const table_functions& function
     arguments words = Words(line);
     const std::string function = TakeFirst(words), result = words.at(words.size() - 1);
     words.pop_back();
-    EXPECT_EQ(Named(functions, function)(words), result) << line;
+    try {
+      EXPECT_EQ(Named(functions, function)(words), result) << line;
+    } catch (const std::exception& wrong) {
+      ADD_FAILURE() << name << ": " << wrong.what() << " in: " << line;
+    }
   }
 }
 
