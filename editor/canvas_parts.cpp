@@ -3,6 +3,7 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "platform/hash.h"
 #include "platform/text.h"
 
 namespace mardel {
@@ -10,7 +11,7 @@ namespace {
 
 constexpr std::size_t kMostText = 1000;  // bytes of one name
 
-using wire_ends = std::unordered_map<std::string, std::string>;
+using wire_ends = std::unordered_map<std::string, std::string, text_hash>;
 
 std::string End(std::int64_t block_id, std::string_view pin_name) {
   return std::to_string(block_id) + ' ' + std::string(pin_name);
@@ -23,7 +24,7 @@ void AddEnd(std::string& wired, const std::string& other) {
 
 // By each end, what is at the others.
 wire_ends EndsOf(const design& document) {
-  std::unordered_map<std::int64_t, std::string_view> subs;
+  std::unordered_map<std::int64_t, std::string_view, id_hash> subs;
   for (const dvblock& block : document.blocks) subs.emplace(block.id, block.sub);
   const auto named = [&subs](std::int64_t id, const std::string& pin_name) {
     const auto found = subs.find(id);

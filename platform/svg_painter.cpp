@@ -13,6 +13,7 @@ namespace {
 
 constexpr double kAscent = 0.905 * kCanvasTextSize;  // of the canvas font
 constexpr std::size_t kMostLine = 4096;              // bytes of a line that can be on the canvas
+constexpr double kFar = 1 << 20;                     // from the origin, beyond what is ever shown
 
 // Up to two decimals, with a point in every locale.
 std::string Number(double value) {
@@ -44,8 +45,22 @@ std::string Element(std::string_view name, std::string_view text) {
   return "<" + tag + ">" + EscapeXml(DropUnstorable(text)) + "</" + tag + ">\n";
 }
 
-std::string Place(double x, double y) {
-  return Number(x) + " " + Number(y);
+struct spot {
+  double x = 0, y = 0;
+};
+
+spot ToSpot(point at) {
+  return {static_cast<double>(at.x), static_cast<double>(at.y)};
+}
+
+// Where a line ends, or where it becomes far, which viewers can't follow. `middle` is added.
+std::string LineEnd(spot end, spot other, double middle) {
+  const auto cut = [](double from, double to) {
+    return std::abs(from) > kFar ? (std::abs(from) - kFar) / std::abs(from - to) : 0;
+  };
+  const double part = std::max(cut(end.x, other.x), cut(end.y, other.y));
+  return Number(end.x + part * (other.x - end.x) + middle) + " " +
+         Number(end.y + part * (other.y - end.y) + middle);
 }
 
 // The part of a line that is as wide as `width`, at least one character: up to a blank if it can.
@@ -66,9 +81,16 @@ std::size_t FittingSize(std::string_view text, double width, const text_metrics&
 svg_painter::svg_painter(const rectangle& area, const text_metrics& metrics)
     : area_(area), metrics_(metrics) {}
 
+bool svg_painter::IsVisible(double left, double top, double right, double bottom) const {
+  const spot first = ToSpot({area_.x, area_.y});
+  const spot last = ToSpot({area_.x + area_.width, area_.y + area_.height});
+  return left <= last.x && top <= last.y && right >= first.x && bottom >= first.y;
+}
+
 bool svg_painter::IsVisible(const rectangle& place) const {
-  return place.x <= area_.x + area_.width && place.y <= area_.y + area_.height &&
-         place.x + place.width >= area_.x && place.y + place.height >= area_.y;
+  const auto [left, top] = ToSpot({place.x, place.y});
+  const auto [width, height] = ToSpot({place.width, place.height});
+  return IsVisible(left, top, left + width, top + height);
 }
 
 void svg_painter::EndFill() {
@@ -102,6 +124,7 @@ void svg_painter::FillRectangle(const rectangle& place, colour ink) {
 }
 
 void svg_painter::StrokeRectangle(const rectangle& place, const stroke& pen) {
+  if (!IsVisible(place)) return;
   const point corners[] = {{place.x, place.y},
                            {place.x + place.width, place.y},
                            {place.x + place.width, place.y + place.height},
@@ -119,13 +142,11 @@ void svg_painter::Lines(std::span<const line> lines, const stroke& pen) {
   const double middle = pen.width / 2 - std::floor(pen.width / 2);
   std::string path;
   for (const line& each : lines) {
-    const auto [left, right] = std::minmax(each.from.x, each.to.x);
-    const auto [top, bottom] = std::minmax(each.from.y, each.to.y);
-    if (!IsVisible({left, top, right - left, bottom - top})) continue;
-    path += "M" + Place(static_cast<double>(each.from.x) + middle,
-                        static_cast<double>(each.from.y) + middle);
-    path += "L" +
-            Place(static_cast<double>(each.to.x) + middle, static_cast<double>(each.to.y) + middle);
+    const spot from = ToSpot(each.from), to = ToSpot(each.to);
+    const auto [left, right] = std::minmax(from.x, to.x);
+    const auto [top, bottom] = std::minmax(from.y, to.y);
+    if (!IsVisible(left, top, right, bottom)) continue;
+    path += "M" + LineEnd(from, to, middle) + "L" + LineEnd(to, from, middle);
   }
   if (path.empty()) return;
   shapes_ += "<path d=\"" + path + "\"" + Ink("stroke", pen.ink) +
@@ -142,10 +163,8 @@ void svg_painter::AddLine(double x, double y, std::string_view text, colour ink)
   EndFill();
   text = text.substr(0, kMostLine);
   const double width = metrics_.Width(text);
-  const rectangle place{static_cast<std::int64_t>(x), static_cast<std::int64_t>(y),
-                        static_cast<std::int64_t>(width) + 1,
-                        static_cast<std::int64_t>(metrics_.LineHeight()) + 1};
-  if (metrics_.VisibleWidth(text) <= 0 || !IsVisible(place)) return;
+  if (metrics_.VisibleWidth(text) <= 0) return;
+  if (!IsVisible(x, y, x + width, y + metrics_.LineHeight())) return;
   std::string shown = DropUnstorable(text);
   std::ranges::replace_if(shown, [](char c) { return c == '\n' || c == '\r' || c == '\t'; }, ' ');
   shapes_ += "<text" + Attribute("x", Number(x)) + Attribute("y", Number(y + kAscent)) +

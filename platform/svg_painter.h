@@ -29,6 +29,7 @@ class svg_painter : public painter {
   std::string Finish(std::string_view title, std::string_view description, double scale);
 
  private:
+  bool IsVisible(double left, double top, double right, double bottom) const;
   bool IsVisible(const rectangle& place) const;
   // Fills of one colour that follow each other are one path.
   void EndFill();

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "editor/design.h"
+#include "platform/hash.h"
 
 namespace mardel {
 
@@ -41,7 +42,7 @@ struct block_digest {
 using block_digests = std::unordered_map<const dvblock*, block_digest>;
 block_digests DigestBlocks(const design& document);
 
-using blocks_by_id = std::unordered_map<std::int64_t, const dvblock*>;
+using blocks_by_id = std::unordered_map<std::int64_t, const dvblock*, id_hash>;
 
 // The first of each id, to which the nets refer.
 blocks_by_id IndexBlocks(const cursor_list<dvblock>& blocks);

@@ -16,9 +16,9 @@ namespace {
 class free_ids {
  public:
   void Use(std::int64_t id) { used_.insert(id); }
-  // Of all versions.
+  // Of all versions, but for ids so large that none would be left.
   void StartAfter(std::int64_t id) {
-    if (id >= next_ && id < std::numeric_limits<std::int64_t>::max()) next_ = id + 1;
+    if (id >= next_ && id < std::numeric_limits<std::int64_t>::max() / 2) next_ = id + 1;
   }
   std::int64_t Take(std::int64_t wanted) {
     if (used_.insert(wanted).second) return wanted;
@@ -27,7 +27,7 @@ class free_ids {
   }
 
  private:
-  std::unordered_set<std::int64_t> used_;
+  std::unordered_set<std::int64_t, id_hash> used_;
   std::int64_t next_ = 0;
 };
 

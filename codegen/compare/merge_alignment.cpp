@@ -27,7 +27,7 @@ struct side_records {
 
 template <class record>
 side_records<record> Align(const cursor_list<record>& base, const cursor_list<record>& side) {
-  std::unordered_map<std::int64_t, std::vector<const record*>> by_id;
+  std::unordered_map<std::int64_t, std::vector<const record*>, id_hash> by_id;
   for (const record& each : side) by_id[each.id].push_back(&each);
   side_records<record> found;
   std::unordered_set<const record*> known;
@@ -104,7 +104,7 @@ class net_aligner {
       wire_ends ends{end(wire.id_1, wire.pin_1_name), end(wire.id_2, wire.pin_2_name)};
       const bool is_turned = ends.second < ends.first;
       if (is_turned) std::swap(ends.first, ends.second);
-      aligned_net& into = FindOrAdd(ends, kNets.at(place));
+      aligned_net& into = FindOrAdd(ends, place);
       into.one.*kNets.at(place) = &wire;
       into.is_turned.at(place) = is_turned;
     }
@@ -113,20 +113,24 @@ class net_aligner {
   std::vector<aligned_net> Take() { return std::move(all_); }
 
  private:
+  struct alike_nets {
+    std::vector<std::size_t> positions;
+    std::array<std::size_t, 3> taken = {};  // how many of them each version has
+  };
+
   // The first net with these ends that the version does not have yet.
-  aligned_net& FindOrAdd(const wire_ends& ends, const net* versions_of<net>::* version) {
-    std::vector<std::size_t>& known = by_ends_[ends];
-    for (const std::size_t i : known) {
-      if (all_[i].one.*version == nullptr) return all_[i];
-    }
-    known.push_back(all_.size());
+  aligned_net& FindOrAdd(const wire_ends& ends, std::size_t version) {
+    alike_nets& known = by_ends_[ends];
+    const std::size_t next = known.taken.at(version)++;
+    if (next < known.positions.size()) return all_[known.positions[next]];
+    known.positions.push_back(all_.size());
     aligned_net& added = all_.emplace_back();
     added.blocks = {ends.first.block, ends.second.block};
     return added;
   }
 
   const std::vector<versions_of<dvblock>>& blocks_;
-  std::map<wire_ends, std::vector<std::size_t>> by_ends_;
+  std::map<wire_ends, alike_nets> by_ends_;
   std::vector<aligned_net> all_;
 };
 

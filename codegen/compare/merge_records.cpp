@@ -10,16 +10,6 @@
 namespace mardel {
 namespace {
 
-// The change of the one side that made one; ours, and `conflict` set, where both made different
-// ones.
-template <class value>
-const value& MergeValue(const value& base, const value& ours, const value& theirs, bool& conflict) {
-  if (theirs == base || theirs == ours) return ours;
-  if (ours == base) return theirs;
-  conflict = true;
-  return ours;
-}
-
 std::string Words(point place) {
   return std::to_string(place.x) + ", " + std::to_string(place.y);
 }
@@ -41,15 +31,14 @@ struct value_merger {
   std::string record;
   std::vector<std::string>& conflicts;
 
+  // The change of the one side that made one; ours where both made different ones.
   template <class value>
   value Merge(const std::string& name, const value& base, const value& ours, const value& theirs) {
-    bool conflict = false;
-    value merged = MergeValue(base, ours, theirs, conflict);
-    if (conflict) {
-      conflicts.push_back(record + ": " + name + " is " + Words(ours) + " in ours and " +
-                          Words(theirs) + " in theirs");
-    }
-    return merged;
+    if (theirs == base || theirs == ours) return ours;
+    if (ours == base) return theirs;
+    conflicts.push_back(record + ": " + name + " is " + Words(ours) + " in ours and " +
+                        Words(theirs) + " in theirs");
+    return ours;
   }
 };
 
@@ -67,10 +56,9 @@ using entries_by_name = std::map<std::pair<std::string_view, int>, entry>;
 template <class entry>
 entries_by_name<entry> Index(const std::vector<entry>& entries) {
   entries_by_name<entry> index;
+  std::map<std::string_view, int> seen;
   for (const entry& each : entries) {
-    int same = 0;
-    while (index.contains({NameOf(each), same})) ++same;
-    index.emplace(std::pair(std::string_view(NameOf(each)), same), each);
+    index.emplace(std::pair(std::string_view(NameOf(each)), seen[NameOf(each)]++), each);
   }
   return index;
 }
@@ -104,6 +92,17 @@ std::vector<entry> MergeEntries(const versions_of<std::vector<entry>>& of, value
   return merged;
 }
 
+// A copy of ours at the merged place.
+template <class record>
+record MergePlace(const versions_of<record>& of, value_merger& values) {
+  const auto at = [](const record* each) { return point{each->x, each->y}; };
+  record merged = *of.ours;
+  const point place = values.Merge("place", at(of.base), at(of.ours), at(of.theirs));
+  merged.x = place.x;
+  merged.y = place.y;
+  return merged;
+}
+
 auto Fields(const dvblock& block) {
   return std::tie(block.x, block.y, block.lib, block.pins, block.params);
 }
@@ -132,11 +131,7 @@ bool IsChanged(const textblock& base, const textblock& side) {
 dvblock MergeBlock(const versions_of<dvblock>& of, std::vector<std::string>& conflicts) {
   const auto& [base, ours, theirs] = of;
   value_merger values{BlockWords(*base), conflicts};
-  dvblock merged = *ours;
-  const point place = values.Merge("place", point{base->x, base->y}, point{ours->x, ours->y},
-                                   point{theirs->x, theirs->y});
-  merged.x = place.x;
-  merged.y = place.y;
+  dvblock merged = MergePlace(of, values);
   merged.lib = values.Merge("library", base->lib, ours->lib, theirs->lib);
   merged.pins = MergeEntries<pin>({&base->pins, &ours->pins, &theirs->pins}, values);
   merged.params = MergeEntries<param>({&base->params, &ours->params, &theirs->params}, values);
@@ -146,11 +141,7 @@ dvblock MergeBlock(const versions_of<dvblock>& of, std::vector<std::string>& con
 textblock MergeNote(const versions_of<textblock>& of, std::vector<std::string>& conflicts) {
   const auto& [base, ours, theirs] = of;
   value_merger values{NoteWords(*base), conflicts};
-  textblock merged = *ours;
-  const point place = values.Merge("place", point{base->x, base->y}, point{ours->x, ours->y},
-                                   point{theirs->x, theirs->y});
-  merged.x = place.x;
-  merged.y = place.y;
+  textblock merged = MergePlace(of, values);
   merged.text_str = values.Merge("text", base->text_str, ours->text_str, theirs->text_str);
   return merged;
 }

@@ -70,20 +70,21 @@ text_editor::text_editor(const std::string& text, QWidget& parent) : QPlainTextE
 }
 
 void text_editor::SetText(const std::string& text) {
+  given_ = text;
   const std::string shown = CutMiddle(text, kMostShown);
-  whole_ = shown == text ? std::string() : text;
-  if (!whole_.empty()) setReadOnly(true);
+  if (shown != text) setReadOnly(true);
   const QString lines = LinesToQt(shown);
   // Where lines may break between words only, a word takes the square of its length.
   setWordWrapMode(HasHugeWord(lines) ? QTextOption::WrapAnywhere
                                      : QTextOption::WrapAtWordBoundaryOrAnywhere);
   setPlainText(lines);
+  shown_ = document()->toRawText();
 }
 
 // Not toPlainText(), which turns no-break spaces into spaces.
 std::string text_editor::Text() const {
-  if (!whole_.empty()) return whole_;
   QString text = document()->toRawText();
+  if (text == shown_) return given_;
   for (QChar& c : text) {
     if (IsLineBreak(c)) c = u'\n';
   }

@@ -34,14 +34,15 @@ class text_editor : public QPlainTextEdit {
  public:
   text_editor(const std::string& text, QWidget& parent);
   void SetText(const std::string& text);
-  // Line breaks as "\n".
+  // As it was set, or with line breaks as "\n" when it was edited.
   std::string Text() const;
 
  protected:
   void insertFromMimeData(const QMimeData* pasted) override;
 
  private:
-  std::string whole_;  // of a text that is shown in part
+  std::string given_;
+  QString shown_;  // of it
 };
 
 }  // namespace mardel
