@@ -7,30 +7,10 @@
 namespace mardel {
 namespace {
 
-bool Breaks(std::string_view value) {
-  return FateOfValue(value) == value_fate::kBreaksFile;
-}
-
-// Null when the block has none.
-const std::string* BreakingValue(const dvblock& block) {
-  if (Breaks(block.lib)) return &block.lib;
-  if (Breaks(block.sub)) return &block.sub;
-  for (const pin& p : block.pins) {
-    if (Breaks(p.pin_name)) return &p.pin_name.Text();
-  }
-  for (const param& p : block.params) {
-    if (Breaks(p.param_name)) return &p.param_name.Text();
-    if (Breaks(p.param_value)) return &p.param_value;
-  }
-  return nullptr;
-}
-
 bool IsPlain(char byte) {
   const auto code = static_cast<unsigned char>(byte);
   return code >= ' ' && code < 0x7FU && byte != '<' && byte != '&' && byte != '>';
 }
-
-}  // namespace
 
 value_fate FateOfValue(std::string_view value) {
   if (std::ranges::all_of(value, IsPlain)) return value_fate::kKept;
@@ -41,16 +21,38 @@ value_fate FateOfValue(std::string_view value) {
   return is_same ? value_fate::kKept : value_fate::kChanged;
 }
 
-std::string ValueThatBreaksFile(const design& document) {
+}  // namespace
+
+std::vector<lost_value> LostValues(const design& document) {
+  std::vector<lost_value> lost;
+  const auto check = [&lost](const std::string& value, const dvblock* block, const net* wire) {
+    const value_fate fate = FateOfValue(value);
+    if (fate != value_fate::kKept) lost.push_back({value, fate, block, wire});
+  };
   for (const dvblock& block : document.blocks) {
-    const std::string* value = BreakingValue(block);
-    if (value == nullptr) continue;
-    return '"' + *value + "\" of block " + std::to_string(block.id) + ", " + block.sub;
+    check(block.lib, &block, nullptr);
+    check(block.sub, &block, nullptr);
+    for (const pin& p : block.pins) check(p.pin_name, &block, nullptr);
+    for (const param& p : block.params) {
+      check(p.param_name, &block, nullptr);
+      check(p.param_value, &block, nullptr);
+    }
   }
   for (const net& wire : document.nets) {
-    for (const std::string* value : {&wire.pin_1_name, &wire.pin_2_name}) {
-      if (Breaks(*value)) return '"' + *value + "\" of net " + std::to_string(wire.net_id);
-    }
+    check(wire.pin_1_name, nullptr, &wire);
+    check(wire.pin_2_name, nullptr, &wire);
+  }
+  return lost;
+}
+
+std::string OwnerName(const lost_value& of) {
+  if (of.block == nullptr) return "net " + std::to_string(of.wire->net_id);
+  return "block " + std::to_string(of.block->id) + ", " + of.block->sub;
+}
+
+std::string ValueThatBreaksFile(const design& document) {
+  for (const lost_value& each : LostValues(document)) {
+    if (each.fate == value_fate::kBreaksFile) return '"' + each.value + "\" of " + OwnerName(each);
   }
   return {};
 }

@@ -34,38 +34,14 @@ void WarnOfRepeatedIds(const design& document, std::vector<report>& found) {
 }
 
 // Values are saved raw: what a file can hold escaped may come back changed, or not at all.
-// `name_owner` gives words for whose the value is.
-template <class function>
-void WarnOfValue(const std::string& value, const design_place& where, std::vector<report>& found,
-                 function name_owner) {
-  const value_fate fate = FateOfValue(value);
-  if (fate == value_fate::kKept) return;
-  const bool breaks = fate == value_fate::kBreaksFile;
-  found.push_back(Warning(breaks ? rule::kValueBreaksFile : rule::kValueChanges, "Value Warning",
-                          (breaks ? "Saved, \"" : "Saved and opened again, \"") + value +
-                              (breaks ? "\" makes the file unreadable on " : "\" changes on ") +
-                              name_owner(),
-                          where));
-}
-
 void WarnOfValues(const design& document, std::vector<report>& found) {
-  for (const dvblock& block : document.blocks) {
-    const auto check = [&](const std::string& value) {
-      WarnOfValue(value, PlaceOf(block), found, [&] { return BlockName(block); });
-    };
-    check(block.lib);
-    check(block.sub);
-    for (const pin& p : block.pins) check(p.pin_name);
-    for (const param& p : block.params) {
-      check(p.param_name);
-      check(p.param_value);
-    }
-  }
-  for (const net& wire : document.nets) {
-    for (const std::string* name : {&wire.pin_1_name, &wire.pin_2_name}) {
-      WarnOfValue(*name, {.net_id = wire.net_id}, found,
-                  [&] { return "net " + std::to_string(wire.net_id); });
-    }
+  for (const lost_value& each : LostValues(document)) {
+    const bool breaks = each.fate == value_fate::kBreaksFile;
+    found.push_back(Warning(
+        breaks ? rule::kValueBreaksFile : rule::kValueChanges, "Value Warning",
+        (breaks ? "Saved, \"" : "Saved and opened again, \"") + each.value +
+            (breaks ? "\" makes the file unreadable on " : "\" changes on ") + OwnerName(each),
+        each.block != nullptr ? PlaceOf(*each.block) : design_place{.net_id = each.wire->net_id}));
   }
 }
 

@@ -1,5 +1,6 @@
 // Two edits of one design that do not touch the same things: merged in either order they give the
 // same design, and what it changed is what both changed.
+#include <limits>
 #include <set>
 
 #include "codegen/compare/design_diff.h"
@@ -28,6 +29,8 @@ void AddNet(design& document, std::int64_t from, std::int64_t to, const char* pi
   wire.pin_1_name = wire.pin_2_name = pin;
   document.nets.Append(wire);
 }
+
+constexpr std::int64_t kLastId = std::numeric_limits<std::int64_t>::max();
 
 // The blocks of even ids are one editor's, those of odd ids the other's.
 struct editor {
@@ -76,7 +79,7 @@ struct editor {
     for (textblock& note : edited.texts) {
       if (note.id == id) return static_cast<void>(note.y = NewPlace());
     }
-    edited.texts.Append({.id = 100, .text_str = std::to_string(id), .x = NewPlace()});
+    edited.texts.Append({.id = kLastId - own, .text_str = std::to_string(id), .x = NewPlace()});
   }
 };
 

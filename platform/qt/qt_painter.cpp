@@ -132,8 +132,9 @@ void qt_painter::DrawUpright(QPointF from, QPointF to, const stroke& pen) {
     fill(nearest, farthest);
     return;
   }
-  double number = std::floor((nearest - start) / (2 * pen.dash));
-  for (double begin = 0; (begin = start + 2 * pen.dash * number) < farthest; ++number) {
+  const double both = 2 * pen.dash;  // the gap too
+  double begin = start + both * std::floor((nearest - start) / both);
+  for (; begin < farthest; begin += both) {
     fill(std::max(begin, nearest), std::min(begin + pen.dash, farthest));
   }
 }

@@ -73,10 +73,10 @@ class gadgets_test : public testing::Test {
 TEST_F(gadgets_test, DropWhatAFileCannotHold) {
   const std::vector<gadget> gadgets = {
       Make(1, gadget_kind::kTextField, {10, 10, 100, 20}, std::string(40000, 'p')),
-      Make(2, gadget_kind::kEditor, {10, 40, 100, 60}, "one\xC2\xA0two\r\nthree")};
+      Make(2, gadget_kind::kEditor, {10, 40, 100, 60}, "one\xC2\xA0two\r\nthree\u2028")};
   WithWindow(gadgets, 200, [this](int number, secondary_window& made) {
     EXPECT_EQ(desk.GadgetText(number, 1), std::string(40000, 'p'));
-    EXPECT_EQ(desk.GadgetText(number, 2), "one\xC2\xA0two\nthree");
+    EXPECT_EQ(desk.GadgetText(number, 2), "one\xC2\xA0two\r\nthree\u2028");
     QApplication::clipboard()->setText(QString::fromUtf8("a\x01\n<b>\uFFFE&\u2028z"));
     for (const int id : {1, 2}) {
       desk.SetGadgetText(number, id, "");
