@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPixmap>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTreeWidget>
@@ -84,9 +85,28 @@ QWidget* MakeLabel(const gadget& described, const gadget_frame& frame) {
   return label;
 }
 
+// The marks of choices are as large as the text beside them asks for.
+class scaled_marks : public QProxyStyle {
+ public:
+  scaled_marks(double scale, QWidget& shown) : scale_(scale) { setParent(&shown); }
+
+  int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                  const QWidget* widget) const override {
+    const int size = QProxyStyle::pixelMetric(metric, option, widget);
+    const bool is_mark = metric == PM_IndicatorWidth || metric == PM_IndicatorHeight ||
+                         metric == PM_ExclusiveIndicatorWidth ||
+                         metric == PM_ExclusiveIndicatorHeight;
+    return is_mark ? static_cast<int>(std::lround(size * scale_)) : size;
+  }
+
+ private:
+  double scale_;
+};
+
 template <class button>
 QWidget* MakeChoice(const gadget& described, const gadget_frame& frame) {
   auto* const choice = new button(&frame.parent);
+  if (frame.scale > 1) choice->setStyle(new scaled_marks(frame.scale, *choice));
   choice->ensurePolished();  // before its font is asked for
   const QString text = OneLine(described.text);
   choice->setText(ButtonText(described.text));
