@@ -56,10 +56,11 @@ class generator {
 
   const dvblock& Place(const std::string& lib, const std::string& sub) {
     const blockdef& of = libraries_.Definitions()[libraries_.FindDefinitions(lib, sub).front()];
-    // Rows from left to right. A full canvas begins anew, a little further down and right.
-    constexpr int kColumns = 18, kRows = 18, kWide = 104, kHigh = 58, kShift = 7;
+    // Rows from left to right. A full canvas begins anew, a little further down and right, so that
+    // of 10,000 blocks none hides another wholly.
+    constexpr int kColumns = 18, kRows = 18, kWide = 104, kHigh = 58, kLayers = 40;
     const int number = static_cast<int>(document_.blocks.size());
-    const int layer = number / (kColumns * kRows) % kShift * kShift;
+    const int layer = number / (kColumns * kRows) % kLayers;
     const int x = number % kColumns * kWide + layer;
     const int y = number / kColumns % kRows * kHigh + layer;
     return document_.blocks.Append({.id = document_.next_block_id++,

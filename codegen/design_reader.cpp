@@ -150,17 +150,17 @@ class design_reader : public xml_list_reader {
     raw_.has_lists = raw_.has_lists || name == "blocks" || name == "nets" || name == "text";
   }
 
-  bool TakeEntry(xml_tree::node entry) override {
+  bool TakeEntry(xml_tree::node entry, std::size_t offset) override {
     const std::size_t needed = RoomOf(entry);
     if (needed > room_) return false;
     room_ -= needed;
     design& document = raw_.document;
     if (list_ == "blocks" && entry.Name() == "dvblock") {
       document.blocks.Append(ReadBlock(entry, names_));
-      raw_.block_offsets.push_back(entry.Offset());
+      raw_.block_offsets.push_back(offset);
     } else if (list_ == "nets" && entry.Name() == "net") {
       document.nets.Append(ReadRecord<net>(entry, {kNetIntegers, kNetTexts}, names_));
-      raw_.net_offsets.push_back(entry.Offset());
+      raw_.net_offsets.push_back(offset);
     } else if (list_ == "text" && entry.Name() == "text_item") {
       document.texts.Append(ReadNote(entry, line_separator_, names_));
     }

@@ -132,6 +132,7 @@ class xml_reader {
     if (level == tree_level_) {
       tree_.elements_.clear();
       tree_.characters_.clear();
+      offset_ = static_cast<std::size_t>(XML_GetCurrentByteIndex(parser_.get()));
     }
     AddElement(name);
   }
@@ -139,7 +140,6 @@ class xml_reader {
   void AddElement(std::string_view name) {
     const auto index = static_cast<std::uint32_t>(tree_.elements_.size());
     xml_tree::element& added = tree_.elements_.emplace_back();
-    added.offset = static_cast<std::uint32_t>(XML_GetCurrentByteIndex(parser_.get()));
     added.name_start = static_cast<std::uint32_t>(tree_.characters_.size());
     added.name_size = static_cast<std::uint32_t>(name.size());
     tree_.characters_.append(name);
@@ -167,7 +167,7 @@ class xml_reader {
     tree_.characters_.append(text_, ended.text_start);
     text_.resize(ended.text_start);
     if (lists_ == nullptr || open_.size() > tree_level_) return;
-    if (!lists_->TakeEntry(tree_.Root())) Refuse(xml_status::kNotLoaded);
+    if (!lists_->TakeEntry(tree_.Root(), offset_)) Refuse(xml_status::kNotLoaded);
   }
 
   void Refuse(xml_status as) {
@@ -179,6 +179,7 @@ class xml_reader {
   xml_list_reader* lists_;
   std::size_t tree_level_;  // of the elements that become a tree; the root's is 0
   xml_tree tree_;
+  std::size_t offset_ = 0;  // of the tree's start tag
   std::vector<open_element> open_;
   std::string text_;
   std::size_t elements_ = 0, most_elements_ = 0;

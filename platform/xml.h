@@ -27,7 +27,6 @@ class xml_tree {
   struct element {
     std::uint32_t name_start = 0, name_size = 0, text_start = 0, text_size = 0;
     std::uint32_t first_child = 0, next_sibling = 0;  // 0 is none: the root is nobody's child
-    std::uint32_t offset = 0;                         // of its start tag in the file
   };
   std::vector<element> elements_;
   std::string characters_;  // the names and texts of all elements
@@ -41,8 +40,6 @@ class xml_tree::node {
   // For range-for, in document order.
   children Children() const;
   bool HasChildren() const;
-  // Of the element's start tag, in bytes from the start of the file.
-  std::size_t Offset() const { return tree_->elements_[index_].offset; }
 
  private:
   friend class xml_tree;
@@ -85,9 +82,9 @@ class xml_list_reader {
   virtual ~xml_list_reader() = default;
   virtual void OpenRoot(std::string_view name) = 0;
   virtual void OpenList(std::string_view name) = 0;
-  // An element of the open list, which is gone after the call. False when it is too much: nothing
-  // more is read then.
-  virtual bool TakeEntry(xml_tree::node entry) = 0;
+  // An element of the open list, which is gone after the call, and where its start tag lies, in
+  // bytes from the start of the file. False when it is too much: nothing more is read then.
+  virtual bool TakeEntry(xml_tree::node entry, std::size_t offset) = 0;
 };
 
 inline xml_tree::node xml_tree::Root() const {
