@@ -1,6 +1,8 @@
 // fail_calls: fails each system call of a save in turn, alone and with all that follow it, each
 // with several errors. The file must be the whole old one or the whole new one, as the save says,
-// and the next save must leave nothing but the file. Prints figures, or what was found instead.
+// and the next save must leave nothing but the file. The same of a recovery, the copy of unsaved
+// work and the history: what is there stays whole. Prints figures, or what was found instead.
+#include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -8,15 +10,24 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
+#include <set>
+#include <span>
 
+#include "app/history.h"
+#include "app/recovery.h"
+#include "app/unsaved_copy.h"
+#include "codegen/design_file.h"
 #include "platform/files.h"
 #include "tests/support/files.h"
+#include "tests/support/fixed_metrics.h"
+#include "tests/support/scripted_ui.h"
 
 namespace mardel {
 namespace {
 
-enum class call_kind { kAny, kMakesFile, kRename };
+enum class call_kind { kAny, kMakesFile, kRename, kLink };
 
 struct plan {
   call_kind refused = call_kind::kAny;  // always, unless kAny
@@ -78,6 +89,14 @@ REPLACE(int, fchmod, kAny, (int file, mode_t mode), file, mode)
 REPLACE(int, ftruncate, kAny, (int file, off_t size), file, size)
 REPLACE(int, rename, call_kind::kRename, (const char* from, const char* to), from, to)
 REPLACE(int, unlink, kAny, (const char* path), path)
+REPLACE(int, remove, kAny, (const char* path), path)
+REPLACE(int, link, call_kind::kLink, (const char* from, const char* to), from, to)
+REPLACE(int, mkdir, kAny, (const char* path, mode_t mode), path, mode)
+extern "C" DIR* FailingOpenFolder(const char* path) __asm__("opendir");
+DIR* FailingOpenFolder(const char* path) {
+  return Fails(kAny) ? nullptr
+                     : reinterpret_cast<decltype(&opendir)>(dlsym(RTLD_NEXT, "opendir"))(path);
+}
 // Is not waited for.
 extern "C" int FailingFlush(int file) __asm__("fsync");
 int FailingFlush(int /*file*/) {
@@ -102,21 +121,21 @@ constexpr scene kScenes[] = {
     {"a sticky folder", target_kind::kOld, "a longer old one", call_kind::kRename},
 };
 
-struct figures {
-  int saves = 0;
-  int by_status[4] = {};
-};
-
 std::string Content(const std::string& folder) {
   return IsRegularFile(folder + "file") ? ReadAll(folder + "file") : "none";
 }
 
-write_status Save(const std::string& path, const plan& meant) {
+void Do(const plan& meant, auto act) {
   static_cast<plan&>(Faults()) = meant;
   Faults().calls = 0;
   Faults().are_on = true;
-  const write_status status = ReplaceFile(path, "new text");
+  act();
   Faults().are_on = false;
+}
+
+write_status Save(const std::string& path, const plan& meant) {
+  write_status status{};
+  Do(meant, [&] { status = ReplaceFile(path, "new text"); });
   return status;
 }
 
@@ -138,7 +157,7 @@ const char* FaultAfter(write_status status, const plan& meant, const std::string
   return "no status";
 }
 
-const char* TryOne(const scene& at, const plan& meant, figures& count) {
+const char* TryOne(const scene& at, const plan& meant) {
   constexpr std::filesystem::perms kMode{0640};
   const scratch_folder scratch;
   const std::string& folder = scratch.Path();
@@ -151,8 +170,6 @@ const char* TryOne(const scene& at, const plan& meant, figures& count) {
   }
   const std::string path = by_link ? folder + "link" : file;
   const write_status status = Save(path, meant);
-  ++count.saves;
-  ++count.by_status[static_cast<int>(status)];
   if (const char* fault = FaultAfter(status, meant, at.before, Content(folder))) return fault;
   if (Save(path, {at.refused}) != write_status::kWritten) return "the next save failed";
   if (at.target != target_kind::kNew && std::filesystem::status(file).permissions() != kMode) {
@@ -162,34 +179,85 @@ const char* TryOne(const scene& at, const plan& meant, figures& count) {
   return files > (by_link ? 2 : 1) ? "a leftover" : nullptr;
 }
 
-bool TryScene(const scene& at, figures& count) {
+void Recover(const std::string& folder) {
+  RecoverDesigns(folder, folder);
+}
+void KeepOldVersion(const std::string& folder) {
+  KeepVersion(folder, folder + "a.mrd");
+}
+void KeepCopy(const std::string& folder) {
+  scripted_ui desk;
+  const byte_metrics metrics;
+  workspace work(desk, metrics);
+  work.document.unsaved_changes = true;
+  unsaved_copy(folder).KeepNow(work);
+}
+
+struct keeper {
+  const char* name;
+  void (*act)(const std::string& folder);
+  call_kind refused;
+};
+constexpr keeper kKeepers[] = {{"a recovery", Recover, kAny},
+                               {"a recovery by copies", Recover, call_kind::kLink},
+                               {"a version", KeepOldVersion, kAny},
+                               {"a copy", KeepCopy, kAny}};
+
+const char* TryKeeper(const keeper& tried, const plan& meant) {
+  const scratch_folder scratch;
+  const std::string& folder = scratch.Path();
+  const std::string left = folder + "recovery/1/b.mrd";
+  WriteAll(folder + "a.mrd", "1");
+  KeepOldVersion(folder);
+  WriteAll(folder + "a.mrd", "2");
+  for (const char* content : {"3", "4"}) {  // of the same moment, so of one name
+    Recover(folder);
+    std::filesystem::create_directories(folder + "recovery/1");
+    WriteAll(left, content);
+    std::filesystem::last_write_time(left, {});
+  }
+  Do(meant, [&] { tried.act(folder); });
+  Recover(folder);
+  const std::set<std::string> whole{"", "1", "2", "3", "4", DesignText({})};
+  std::set<std::string> found{"", DesignText({})};
+  for (const auto& each : std::filesystem::recursive_directory_iterator(folder)) {
+    if (each.is_regular_file()) found.insert(ReadAll(each));
+  }
+  if (std::filesystem::exists(left)) return "the next recovery failed";
+  return found == whole ? nullptr : "something is gone or torn";
+}
+
+// How many there were. Ends the program at the first fault that one of them finds.
+template <class tried>
+int TryAll(std::span<const tried> all, const char* (*attempt)(const tried&, const plan&)) {
   constexpr int kErrors[] = {EIO, ENOSPC, EMFILE, EACCES};
   constexpr int kEver = 1000;
-  if (TryOne(at, {at.refused}, count) != nullptr) return false;
-  const int calls = Faults().calls;
-  for (const int error : kErrors) {
-    for (int call = 1; call <= calls; ++call) {
-      for (const int last : {call, kEver}) {
-        const char* fault = TryOne(at, {at.refused, call, last, error}, count);
-        if (fault == nullptr) continue;
-        std::fprintf(stderr, "%s, %s from call %d to %d: %s\n", at.name, std::strerror(error), call,
-                     last, fault);
-        return false;
+  int count = 0;
+  const auto check = [&](const tried& at, const plan& meant) {
+    ++count;
+    const char* fault = attempt(at, meant);
+    if (fault == nullptr) return;
+    std::fprintf(stderr, "%s, %s from call %d to %d: %s\n", at.name, std::strerror(meant.error),
+                 meant.first, meant.last, fault);
+    std::exit(1);
+  };
+  for (const tried& at : all) {
+    check(at, {at.refused});
+    const int calls = Faults().calls;
+    for (const int error : kErrors) {
+      for (int call = 1; call <= calls; ++call) {
+        for (const int last : {call, kEver}) check(at, {at.refused, call, last, error});
       }
     }
   }
-  return true;
+  return count;
 }
 
 }  // namespace
 }  // namespace mardel
 
 int main() {
-  mardel::figures count;
-  for (const mardel::scene& at : mardel::kScenes) {
-    if (!mardel::TryScene(at, count)) return 1;
-  }
-  std::printf("%d saves: %d written, %d not created, %d failed, %d damaged and told so: OK\n",
-              count.saves, count.by_status[0], count.by_status[1], count.by_status[2],
-              count.by_status[3]);
+  using namespace mardel;
+  std::printf("%d saves and %d recoveries, versions and copies with failing calls: OK\n",
+              TryAll<scene>(kScenes, TryOne), TryAll<keeper>(kKeepers, TryKeeper));
 }
