@@ -9,6 +9,7 @@
 #include "app/history.h"
 #include "app/recovery.h"
 #include "app/startup.h"
+#include "platform/escaping.h"
 #include "platform/files.h"
 #include "platform/state_folder.h"
 
@@ -22,7 +23,7 @@ exit_status Finish() {
 }
 
 void PrintPaths(const char* what, const std::vector<std::string>& paths) {
-  for (const std::string& path : paths) std::cout << what << ": " << path << '\n';
+  for (const std::string& path : paths) std::cout << what << ": " << EscapeControls(path) << '\n';
 }
 
 void PrintVersion(const design_version& version) {

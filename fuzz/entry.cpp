@@ -48,7 +48,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
 // Now and then an input begins to grow, or grows otherwise.
 extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* bytes, std::size_t size,
                                                std::size_t most, unsigned seed) {
-  constexpr unsigned kSeldom = 32;
+  constexpr unsigned kSeldom = 8;
   if (seed % kSeldom != 0 || size + mardel::kHead > most) {
     return LLVMFuzzerMutate(bytes, size, most);
   }
