@@ -5,6 +5,7 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTextEdit>
 #include <cmath>
 
@@ -46,7 +47,9 @@ QWidget* ScrollingText(const QString& text) {
   output->setPlainText(text);
   output->setMinimumSize(560, 320);
   // The end of a tool's output is where it says what went wrong.
-  output->moveCursor(QTextCursor::End);
+  QScrollBar* const bar = output->verticalScrollBar();
+  QObject::connect(bar, &QScrollBar::rangeChanged, bar,
+                   [bar](int /*least*/, int most) { bar->setValue(most); });
   return output;
 }
 

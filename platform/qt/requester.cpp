@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QScreen>
 #include <QTreeView>
 
 #include "platform/qt/message_box.h"
@@ -16,6 +17,7 @@ namespace mardel {
 namespace {
 
 constexpr QSize kRoomForColumns(150, 32);  // average characters and lines
+constexpr double kShareOfScreen = 0.9;     // the rest is for frame and panels
 
 answer Warn(QFileDialog& requester, const std::string& text,
             message_buttons buttons = message_buttons::kOk) {
@@ -70,15 +72,20 @@ bool IsPattern(const QString& proposal, const std::string& patterns) {
   return false;
 }
 
+constexpr int kTypes = 2;  // the column
+
 // Names take what sizes, types and dates leave. The desktop's own requester has no such columns.
 void ShowColumns(QFileDialog& requester) {
   const QFontMetrics font = requester.fontMetrics();
-  requester.resize(requester.size().expandedTo({kRoomForColumns.width() * font.averageCharWidth(),
-                                                kRoomForColumns.height() * font.height()}));
+  const QSize wanted(kRoomForColumns.width() * font.averageCharWidth(),
+                     kRoomForColumns.height() * font.height());
+  requester.resize(wanted.boundedTo(kShareOfScreen * requester.screen()->availableSize()));
+  const bool is_narrow = requester.width() < wanted.width();
   const auto* const columns = requester.findChild<QTreeView*>(u"treeView"_s);
   if (columns == nullptr) return;
   columns->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
   columns->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+  columns->header()->setSectionHidden(kTypes, is_narrow);  // names end in it
 }
 
 // Where a name is no UTF-8 the toolkit hands on another, under which there is nothing.

@@ -14,6 +14,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollBar>
 #include <QTextEdit>
 #include <QTimer>
 #include <QWindow>
@@ -278,6 +279,7 @@ TEST_F(gadgets_test, BoxesOfLongTextsFitTheScreen) {
       auto* const shown = box.findChild<QPlainTextEdit*>();
       ASSERT_NE(shown, nullptr);
       EXPECT_TRUE(shown->isReadOnly());
+      EXPECT_EQ(shown->verticalScrollBar()->value(), shown->verticalScrollBar()->maximum());
       EXPECT_GE(shown->toPlainText().size() + 10000, static_cast<qsizetype>(text.size()));
       Press(box, Qt::Key_Return);
     });
