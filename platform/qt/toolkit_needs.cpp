@@ -45,10 +45,11 @@ bool CanTakeMemory() {
 }  // namespace
 
 bool ToolkitCanStart() {
-  QThreadPool& drawing = *QThreadPool::globalInstance();
-  drawing.setMaxThreadCount(std::min(drawing.maxThreadCount(), kMostDrawing));
-  drawing.setExpiryTimeout(-1);  // a new one might find no room
-  if (CanStartThreads(drawing.maxThreadCount() + kOthers) && CanTakeMemory()) return true;
+  QThreadPool* const drawing = QThreadPool::globalInstance();
+  if (drawing == nullptr) return true;  // an application before this one could start
+  drawing->setMaxThreadCount(std::min(drawing->maxThreadCount(), kMostDrawing));
+  drawing->setExpiryTimeout(-1);  // a new one might find no room
+  if (CanStartThreads(drawing->maxThreadCount() + kOthers) && CanTakeMemory()) return true;
   std::fputs("mardel: a limit on threads or memory is too low\n", stderr);
   return false;
 }
