@@ -324,17 +324,26 @@ TEST_F(gadgets_test, RequestersTakeNamesAsTheyAre) {
         });
     EXPECT_EQ(given, path);
   }
-  // To open, only of files; of a name that is none a box tells.
-  const std::string given = With<QFileDialog>(
-      [&] { return desk.AskOpenFile({"T", folder.Path(), "Mardel file (*.mrd)|*.mrd"}); },
-      [](QFileDialog& requester) {
-        auto* const name = requester.findChild<QLineEdit*>("fileNameEdit");
-        name->setText("none.mrd");
-        With<QMessageBox>([&] { Press(*name, Qt::Key_Return); },
-                          [](QMessageBox& told) { told.close(); });
-        requester.reject();
-      });
-  EXPECT_EQ(given, "");
+  // A pattern is no name; and to open, of a name that is no file a box tells.
+  bool is_told = false;
+  const auto name_nothing = [](QFileDialog& requester) {
+    EXPECT_EQ(requester.findChild<QLineEdit*>("fileNameEdit")->text(), "");
+    requester.reject();
+  };
+  const auto name_none = [&](QFileDialog& requester) {
+    auto* const name = requester.findChild<QLineEdit*>("fileNameEdit");
+    name->setText("none.mrd");
+    With<QMessageBox>([&] { Press(*name, Qt::Key_Return); },
+                      [&](QMessageBox& told) {
+                        is_told = true;
+                        told.close();
+                      });
+    requester.reject();
+  };
+  const file_request request{"T", folder.Path() + "*.mrd", "Mardel file (*.mrd)|*.mrd"};
+  EXPECT_EQ(With<QFileDialog>([&] { return desk.AskSaveFile(request); }, name_nothing), "");
+  EXPECT_EQ(With<QFileDialog>([&] { return desk.AskOpenFile(request); }, name_none), "");
+  EXPECT_TRUE(is_told);
 }
 
 TEST_F(gadgets_test, CheckMarksAreTheProgramsOwn) {
