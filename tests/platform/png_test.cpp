@@ -52,13 +52,5 @@ TEST(Png, RefusesBytesThatAreNoWholePicture) {
   }
 }
 
-TEST(Png, RefusesSidesBeyondTheLimit) {
-  constexpr int kMost = kMostPictureSide;
-  const samples pixels(kMost + 1);
-  EXPECT_TRUE(DecodePng(Encode(PNG_FORMAT_GRAY, {kMost, 1}, pixels)));
-  EXPECT_FALSE(DecodePng(Encode(PNG_FORMAT_GRAY, {kMost + 1, 1}, pixels)));
-  EXPECT_FALSE(DecodePng(Encode(PNG_FORMAT_GRAY, {1, kMost + 1}, pixels)));
-}
-
 }  // namespace
 }  // namespace mardel
