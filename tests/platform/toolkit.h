@@ -54,12 +54,15 @@ class toolkit : public testing::Environment {
   std::unique_ptr<desktop> desk_;
 };
 
-inline toolkit* const kToolkit = new toolkit;  // which the tests' framework owns
-inline const bool kIsEnded = testing::AddGlobalTestEnvironment(kToolkit) != nullptr;
+inline toolkit* Toolkit() {
+  static auto* const only = new toolkit;  // which the tests' framework owns
+  return only;
+}
+inline const bool kIsEnded = testing::AddGlobalTestEnvironment(Toolkit()) != nullptr;
 
 // With an open main window. For all tests, since the toolkit starts only once.
 inline desktop& SharedDesktop() {
-  return kToolkit->Desk();
+  return Toolkit()->Desk();
 }
 
 // The first visible widget of a type, or null.
