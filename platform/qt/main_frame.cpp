@@ -59,7 +59,7 @@ void main_frame::ScrollTo(const rectangle& place) {
   };
   const QPoint last = on_canvas(place.x + place.width - 1, place.y + place.height - 1);
   const QPoint first = on_canvas(place.x, place.y);
-  area_->ensureVisible(last.x(), last.y(), 0, 0);
+  area_->ensureVisible(last.x(), last.y(), 1, 1);  // without a margin the pixel stays outside
   area_->ensureVisible(first.x(), first.y(), 0, 0);
 }
 

@@ -273,5 +273,21 @@ TEST_F(desktop_test, LeavesTheClosingOfAWindowToTheProgram) {
   EXPECT_EQ(heard, (strings{"gadget 1", "close window", "close window"}));
 }
 
+TEST_F(desktop_test, ScrollsDrawsAndPointsAsItIsTold) {
+  auto* const shown = Find<canvas>();
+  desk.ScrollTo({1500, 900, 60, 40});
+  const QRect seen = shown->visibleRegion().boundingRect();
+  EXPECT_EQ(seen.bottomRight(), QPoint(1559, 939));
+  const QPoint before = shown->pos();
+  desk.ScrollBy({-30, -40});
+  EXPECT_EQ(shown->pos() - before, QPoint(30, 40));
+  desk.ScrollTo({0, 0, 1, 1});
+  desk.ShowOverlay({overlay::shape::kRectangle, {{90, 80}, {20, 30}}, {kRed, 1.0}});
+  EXPECT_EQ(shown->grab().toImage().pixel(20, 50), qRgb(255, 0, 0));
+  desk.SetPointer(pointer_shape::kCross);
+  EXPECT_EQ(shown->cursor().shape(), Qt::CrossCursor);
+  desk.SetPointer(pointer_shape::kNormal);
+}
+
 }  // namespace
 }  // namespace mardel
