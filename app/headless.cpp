@@ -22,11 +22,11 @@ std::string BlockTexts(const library_set& set, const std::string& name) {
   const std::vector<tree_item> tree = DirectoryTree(set);
   std::string texts;
   const std::string* current = nullptr;
-  for (std::size_t i = 0; i < tree.size(); ++i) {
-    if (tree[i].level == 0) {
-      current = &tree[i].text;
+  for (const tree_item& each : tree) {
+    if (each.level == 0) {
+      current = &each.text;
     } else if (current != nullptr && *current == name) {
-      texts += (texts.empty() ? "" : "\n") + DirectoryText(set, tree, static_cast<int>(i));
+      texts += (texts.empty() ? "" : "\n") + BlockText(set, name, each.text);
     }
   }
   return texts;

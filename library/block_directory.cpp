@@ -22,6 +22,11 @@ std::string BlockText(const blockdef& block) {
 
 }  // namespace
 
+std::string BlockText(const library_set& set, std::string_view lib, std::string_view sub) {
+  const std::span<const std::size_t> found = set.FindDefinitions(lib, sub);
+  return found.empty() ? std::string() : BlockText(set.Definitions()[found.front()]);
+}
+
 std::vector<tree_item> DirectoryTree(const library_set& set) {
   std::vector<tree_item> tree;
   std::string_view lib;
@@ -47,8 +52,7 @@ std::string DirectoryText(const library_set& set, const std::vector<tree_item>& 
     const library* found = set.FindLibrary(lib);
     return found == nullptr ? std::string() : found->desc;
   }
-  const std::span<const std::size_t> found = set.FindDefinitions(lib, shown.text);
-  return found.empty() ? std::string() : BlockText(set.Definitions()[found.front()]);
+  return BlockText(set, lib, shown.text);
 }
 
 void OpenBlockDirectory(const library_set& set, open_windows& windows) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "library/library_set.h"
@@ -14,6 +15,9 @@ std::vector<tree_item> DirectoryTree(const library_set& set);
 
 // What the window says of the tree's item `selected`; lines end in "\r\n".
 std::string DirectoryText(const library_set& set, const std::vector<tree_item>& tree, int selected);
+
+// The same of the first block of these names; "" when there is none.
+std::string BlockText(const library_set& set, std::string_view lib, std::string_view sub);
 
 // Opens a fresh window; it lives until the user closes it. `set` must outlive it.
 void OpenBlockDirectory(const library_set& set, open_windows& windows);
