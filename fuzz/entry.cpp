@@ -14,24 +14,23 @@ namespace {
 constexpr char kGrows = '\xff';
 constexpr std::size_t kHead = 5;  // kGrows, how often, where; two bytes each
 
-// What grows holds an element, or some bytes, as often as its head says.
+// What grows holds the next element from a place on as often as its head says.
 std::string Grown(std::string_view input) {
-  constexpr std::size_t kMost = std::size_t{512} << 10U, kSomeBytes = 16;
+  constexpr std::size_t kMost = std::size_t{512} << 10U;
   if (input.size() <= kHead || input[0] != kGrows) return std::string(input);
   const auto number = [input](std::size_t at) {
     return 256U * static_cast<unsigned char>(input[at]) + static_cast<unsigned char>(input[at + 1]);
   };
   const std::string_view text = input.substr(kHead);
-  const std::size_t place = number(3) % text.size();
-  const std::size_t start = std::min(text.find('<', place), place + text.size()) % text.size();
-  const std::string_view rest = text.substr(start);
-  const std::string close = "</" + std::string(rest.substr(1, rest.find('>') - 1)) + ">";
+  const std::size_t start = text.find('<', number(3) % text.size());
+  const std::string_view rest = text.substr(std::min(start, text.size()));
+  const std::string close = "</" + std::string(rest.substr(0, rest.find('>'))).erase(0, 1) + ">";
   const std::size_t end = rest.find(close);
-  const std::string_view repeated =
-      rest.substr(0, end == rest.npos ? kSomeBytes : end + close.size());
+  if (end == rest.npos) return std::string(text);
+  const std::string_view element = rest.substr(0, end + close.size());
   std::string grown(text.substr(0, start));
-  for (std::size_t i = std::min<std::size_t>(number(1), kMost / repeated.size()); i > 0; --i) {
-    grown += repeated;
+  for (std::size_t i = std::min<std::size_t>(number(1), kMost / element.size()); i > 0; --i) {
+    grown += element;
   }
   return grown.append(rest);
 }
