@@ -281,7 +281,8 @@ TEST_F(desktop_test, ScrollsDrawsAndPointsAsItIsTold) {
   const QPoint before = shown->pos();
   desk.ScrollBy({-30, -40});
   EXPECT_EQ(shown->pos() - before, QPoint(30, 40));
-  desk.ScrollTo({0, 0, 1, 1});
+  desk.ScrollTo({0, 0, 60, 40});
+  EXPECT_EQ(shown->pos(), QPoint(0, 0));
   desk.ShowOverlay({overlay::shape::kRectangle, {{90, 80}, {20, 30}}, {kRed, 1.0}});
   EXPECT_EQ(shown->grab().toImage().pixel(20, 50), qRgb(255, 0, 0));
   desk.SetPointer(pointer_shape::kCross);
