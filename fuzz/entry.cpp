@@ -16,7 +16,7 @@ constexpr std::size_t kHead = 5;  // kGrows, how often, where; two bytes each
 
 // What grows holds the next element from a place on as often as its head says.
 std::string Grown(std::string_view input) {
-  constexpr std::size_t kMost = std::size_t{128} << 10U;
+  constexpr std::size_t kMost = std::size_t{64} << 10U;
   if (input.size() <= kHead || input[0] != kGrows) return std::string(input);
   const auto number = [input](std::size_t at) {
     return 256U * static_cast<unsigned char>(input[at]) + static_cast<unsigned char>(input[at + 1]);
