@@ -15,8 +15,9 @@
 namespace mardel {
 namespace {
 
-// From the program's folder: as installed, and as built.
-constexpr const char* kSamples[] = {"../share/mardel/samples/", "../../samples/"};
+// From the program's folder: as installed, in bin and libexec/mardel, and as built.
+constexpr const char* kSamples[] = {"../share/mardel/samples/", "../../share/mardel/samples/",
+                                    "../../samples/"};
 
 struct sample_kind {
   const char* folder;
