@@ -33,17 +33,13 @@ std::string PathOf(const std::string& folder, int number) {
   return folder + std::to_string(number) + std::string(kDesignSuffix);
 }
 
-void Remove(const std::string& path) {
-  std::error_code ignored;
-  std::filesystem::remove(path, ignored);
-}
-
 void DropOldest(const std::string& state_folder, const std::string& design) {
   std::size_t count = 0, bytes = 0;
   for (const design_version& each : Versions(state_folder, design)) {
     ++count;
     bytes += each.facts.size;
-    if (count > 1 && (count > kMostVersions || bytes > kMostVersionBytes)) Remove(each.path);
+    if (count > 1 && (count > kMostVersions || bytes > kMostVersionBytes))
+      RemoveIfPossible(each.path);
   }
 }
 
@@ -91,7 +87,7 @@ void BoundHistory(const std::string& state_folder) {
   for (const stored_file& each : files) {
     if (NumberOf(FileName(each.path)) == 0) continue;  // none of ours
     bytes += each.size;
-    if (bytes > kMostHistoryBytes) Remove(each.path);
+    if (bytes > kMostHistoryBytes) RemoveIfPossible(each.path);
   }
 }
 

@@ -1,7 +1,6 @@
 #include "app/recovery.h"
 
 #include <cstdio>
-#include <filesystem>
 
 #include "codegen/design_file.h"
 #include "platform/file_lock.h"
@@ -14,11 +13,6 @@ namespace mardel {
 namespace {
 
 constexpr int kMostOfOneName = 1000;
-
-void Remove(const std::string& path) {
-  std::error_code ignored;
-  std::filesystem::remove(path, ignored);
-}
 
 // "Echo.mrd" becomes "Echo 2026-11-21 23.05.07".
 std::string DatedName(const std::string& name, const date_time& written) {
@@ -78,10 +72,11 @@ std::string RecoveryFolder(const std::string& state_folder) {
 }
 
 void RemoveRecoveryFolder(const std::string& folder) {
-  for (const std::string& temporary : ListFiles(folder, ".tmp")) Remove(folder + temporary);
+  for (const std::string& temporary : ListFiles(folder, ".tmp"))
+    RemoveIfPossible(folder + temporary);
   // Last, since the folder is another's as soon as the lock is gone.
-  Remove(folder + std::string(kRecoveryLock));
-  Remove(folder);
+  RemoveIfPossible(folder + std::string(kRecoveryLock));
+  RemoveIfPossible(folder);
 }
 
 recovered_designs RecoverDesigns(const std::string& state_folder, const std::string& files_path) {

@@ -1,7 +1,6 @@
 #include "app/unsaved_copy.h"
 
 #include <chrono>
-#include <filesystem>
 #include <new>
 
 #include "app/recovery.h"
@@ -59,8 +58,7 @@ void unsaved_copy::KeepAsOnlyOne(const workspace& work) {
 void unsaved_copy::Remove() {
   Finish();
   if (HoldsFolder()) {
-    std::error_code ignored;
-    std::filesystem::remove(path_, ignored);
+    RemoveIfPossible(path_);
     RemoveRecoveryFolder(folder_);
   }
   lock_ = descriptor();
@@ -96,8 +94,7 @@ bool unsaved_copy::ClaimFolder() {
     file_lock lock = LockFile(folder_ + std::string(kRecoveryLock), lock_target::kNewFile);
     lock_ = std::move(lock.file);
     if (lock_.IsOpen()) return true;
-    std::error_code not_empty;
-    std::filesystem::remove(folder_, not_empty);
+    RemoveIfPossible(folder_);
     // Who looks for what the dead left behind may have been quicker.
     if (!lock.is_held_by_other) break;
   }

@@ -51,6 +51,11 @@ std::vector<std::string> ListFolders(const std::string& folder) {
   return names;
 }
 
+void RemoveIfPossible(const std::string& path) {
+  std::error_code ignored;
+  std::filesystem::remove(path, ignored);
+}
+
 std::vector<stored_file> FilesBelow(const std::string& folder) {
   using walk = std::filesystem::recursive_directory_iterator;
   std::vector<stored_file> files;

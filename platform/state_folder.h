@@ -23,6 +23,9 @@ bool MakeNewFolder(const std::string& path);
 // Names of the folders in `folder`, links left out.
 std::vector<std::string> ListFolders(const std::string& folder);
 
+// Removes a file or an empty folder. Where that can't be done it stays, and nothing is said.
+void RemoveIfPossible(const std::string& path);
+
 struct stored_file {
   std::string path;
   std::size_t size = 0;

@@ -69,15 +69,6 @@ std::string Lines(const std::vector<design_change>& changes, bool is_listing) {
   return lines;
 }
 
-// What a save would not keep.
-std::vector<report> LostValues(const design& merged) {
-  std::vector<report> found = RecordWarnings(merged);
-  std::erase_if(found, [](const report& each) {
-    return each.kind != rule::kValueBreaksFile && each.kind != rule::kValueChanges;
-  });
-  return found;
-}
-
 }  // namespace
 
 exit_status Run(const diff_request& asked) {
@@ -101,7 +92,7 @@ exit_status Run(const merge_request& asked) {
   design merged;
   const auto conflicts = MergeDesigns(merged, {base->document, ours->document, theirs->document});
   const std::string text = DesignText(merged);
-  const std::vector<report> lost = LostValues(merged);
+  const std::vector<report> lost = ValueWarnings(merged);
   for (const report& each : lost) {
     std::cerr << ReportText({.file = asked.ours, .what = each}) << std::endl;
   }

@@ -45,7 +45,8 @@ void Append(std::vector<report>& to, std::vector<report> more) {
 design_findings FindAll(raw_design raw, const load_context& context, register_pool& pool) {
   design_findings found;
   found.warnings = FileWarnings(raw);
-  Append(found.warnings, RecordWarnings(raw.document));
+  Append(found.warnings, RepeatedIdWarnings(raw.document));
+  Append(found.warnings, ValueWarnings(raw.document));
   found.document = std::move(raw.document);
   relinking linking = RelinkDesign(found.document, context);
   const design& linked = found.document;
@@ -65,7 +66,8 @@ design_findings FindAll(raw_design raw, const load_context& context, register_po
 }
 
 std::vector<report> FindWarnings(const design& document, const std::vector<net_node>& nodes) {
-  std::vector<report> found = RecordWarnings(document);
+  std::vector<report> found = RepeatedIdWarnings(document);
+  Append(found, ValueWarnings(document));
   Append(found, NetlistWarnings(document, nodes));
   Append(found, PlaceWarnings(document));
   return found;

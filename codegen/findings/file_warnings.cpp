@@ -21,30 +21,6 @@ report RepeatedId(const char* kind, std::int64_t id, const design_place& where) 
                  "Used twice is the " + std::string(kind) + " id " + std::to_string(id), where);
 }
 
-void WarnOfRepeatedIds(const design& document, std::vector<report>& found) {
-  WarnOfRepeatedIds(document.blocks, &dvblock::id, found, [](const dvblock& block) {
-    return RepeatedId("block", block.id, PlaceOf(block));
-  });
-  WarnOfRepeatedIds(document.nets, &net::net_id, found, [](const net& wire) {
-    return RepeatedId("net", wire.net_id, {.net_id = wire.net_id});
-  });
-  WarnOfRepeatedIds(document.texts, &textblock::id, found, [](const textblock& note) {
-    return RepeatedId("note", note.id, {.at = point{note.x, note.y}});
-  });
-}
-
-// Values are saved raw: what a file can hold escaped may come back changed, or not at all.
-void WarnOfValues(const design& document, std::vector<report>& found) {
-  for (const lost_value& each : LostValues(document)) {
-    const bool breaks = each.fate == value_fate::kBreaksFile;
-    found.push_back(Warning(
-        breaks ? rule::kValueBreaksFile : rule::kValueChanges, "Value Warning",
-        (breaks ? "Saved, \"" : "Saved and opened again, \"") + each.value +
-            (breaks ? "\" makes the file unreadable on " : "\" changes on ") + OwnerName(each),
-        each.block != nullptr ? PlaceOf(*each.block) : design_place{.net_id = each.wire->net_id}));
-  }
-}
-
 }  // namespace
 
 report Warning(rule kind, const char* title, std::string text, const design_place& where) {
@@ -79,10 +55,31 @@ std::vector<report> FileWarnings(const raw_design& raw) {
   return found;
 }
 
-std::vector<report> RecordWarnings(const design& document) {
+std::vector<report> RepeatedIdWarnings(const design& document) {
   std::vector<report> found;
-  WarnOfRepeatedIds(document, found);
-  WarnOfValues(document, found);
+  WarnOfRepeatedIds(document.blocks, &dvblock::id, found, [](const dvblock& block) {
+    return RepeatedId("block", block.id, PlaceOf(block));
+  });
+  WarnOfRepeatedIds(document.nets, &net::net_id, found, [](const net& wire) {
+    return RepeatedId("net", wire.net_id, {.net_id = wire.net_id});
+  });
+  WarnOfRepeatedIds(document.texts, &textblock::id, found, [](const textblock& note) {
+    return RepeatedId("note", note.id, {.at = point{note.x, note.y}});
+  });
+  return found;
+}
+
+// Values are saved raw: what a file can hold escaped may come back changed, or not at all.
+std::vector<report> ValueWarnings(const design& document) {
+  std::vector<report> found;
+  for (const lost_value& each : LostValues(document)) {
+    const bool breaks = each.fate == value_fate::kBreaksFile;
+    found.push_back(Warning(
+        breaks ? rule::kValueBreaksFile : rule::kValueChanges, "Value Warning",
+        (breaks ? "Saved, \"" : "Saved and opened again, \"") + each.value +
+            (breaks ? "\" makes the file unreadable on " : "\" changes on ") + OwnerName(each),
+        each.block != nullptr ? PlaceOf(*each.block) : design_place{.net_id = each.wire->net_id}));
+  }
   return found;
 }
 

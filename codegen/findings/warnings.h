@@ -20,8 +20,11 @@ std::vector<report> PlaceWarnings(const design& document);
 // Of a file that is no design.
 std::vector<report> FileWarnings(const raw_design& raw);
 
-// Of ids used twice and values that a save can't keep.
-std::vector<report> RecordWarnings(const design& document);
+// Of ids used twice.
+std::vector<report> RepeatedIdWarnings(const design& document);
+
+// Of values that a save can't keep.
+std::vector<report> ValueWarnings(const design& document);
 
 report Warning(rule kind, const char* title, std::string text, const design_place& where);
 
