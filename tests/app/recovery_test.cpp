@@ -127,6 +127,16 @@ TEST(History, KeepsTheLastVersionsThatSavesReplaced) {
   EXPECT_EQ(versions.back().number, 4);
   EXPECT_THAT(ReadAll(versions.front().path), testing::HasSubstr(">23</text_str>"));
   EXPECT_THAT(ReadAll(versions.front().path), testing::Not(testing::HasSubstr(">24</text_str>")));
+
+  // What is too large goes with all that is older.
+  fs::resize_file(versions[1].path, kMostVersionBytes);
+  kept.Change("25");
+  Save(kept.app);
+  ASSERT_EQ(Versions(all.Path(), path).size(), 2U);
+  fs::resize_file(versions.front().path, kMostHistoryBytes);
+  BoundHistory(all.Path());
+  ASSERT_EQ(Versions(all.Path(), path).size(), 1U);
+  EXPECT_EQ(Versions(all.Path(), path).front().number, 23);
 }
 
 }  // namespace
