@@ -346,7 +346,8 @@ Without an option the window opens, with the design if one is given.
 
 "-" is standard input as a design, standard output as OUT.
 
-  --welcome           first do as --init, unless the folder is there
+  --welcome           first do as --init, for a user without that folder and
+                      without a configuration
   --generate OUT.dvc  write the design's source file
   --preprocess        then run the preprocessor on it
   --program N         then run the preprocessor, and the assembler to store the
@@ -369,7 +370,7 @@ Without an option the window opens, with the design if one is given.
   --list              name the libraries, or describe the blocks of one
   --init              make a folder with sample designs, their libraries and a
                       configuration; without a name it is "Dravik programs"
-                      in the Documents folder
+                      in the Documents folder, which needs no configuration
   --recover           move unsaved work of programs that died to the folder
                       Recovered, beside the designs, and name it
   --history           list the versions of the design that saves replaced, or
@@ -381,7 +382,7 @@ Without an option the window opens, with the design if one is given.
 
 Exit status: 0 done, or no difference; 1 a design or a tool refused, designs
 differ or conflict; 2 wrong usage; 3 a file could not be read or written, or a
-tool could not be started.
+tool or the window could not be started.
 )";
 }
 

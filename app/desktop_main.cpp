@@ -19,8 +19,9 @@ struct front_end {
   char** arguments;
 
   int operator()(const mardel::window_request& asked) const {
-    if (asked.at_start == mardel::samples::kMadeOnce) mardel::MakeSamplesOnce();
-    return mardel::RunWindow(asked.design, argument_count, arguments);
+    const bool may_make = asked.at_start == mardel::samples::kMadeOnce;
+    const std::string made = may_make ? mardel::MakeSamplesOnce() : "";
+    return mardel::RunWindow(asked.design, made, argument_count, arguments);
   }
   int operator()(const auto& asked) const { return static_cast<int>(Run(asked)); }
 };

@@ -1,4 +1,5 @@
-// The folder to start from: sample designs, their libraries, and a configuration that names these.
+// The folder to start from: sample designs and their libraries, and in a folder of the user's
+// choice a configuration that names these.
 #pragma once
 
 #include "app/headless.h"
@@ -9,7 +10,8 @@ namespace mardel {
 // refusal.
 exit_status Run(const init_request& asked);
 
-// The same for the programs folder, unless something stands there.
-void MakeSamplesOnce();
+// Makes the programs folder for a user who has neither that nor a configuration. Says what it made,
+// or why it could not, and returns it; nothing where there was nothing to do.
+std::string MakeSamplesOnce();
 
 }  // namespace mardel

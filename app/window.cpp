@@ -4,6 +4,7 @@
 
 #include "app/event_handling.h"
 #include "app/file_commands.h"
+#include "app/headless.h"
 #include "app/history.h"
 #include "app/logo.h"
 #include "app/recovery.h"
@@ -65,9 +66,10 @@ work_keeper Keeper(program& app) {
           .keep_now = [&app] { app.copy.KeepNow(app.work); }};
 }
 
-int RunWindow(const std::string& design_path, int& argument_count, char** arguments) {
+int RunWindow(const std::string& design_path, const std::string& first_status, int& argument_count,
+              char** arguments) {
   const std::unique_ptr<desktop> desk = StartDesktop(argument_count, arguments);
-  if (desk == nullptr) return 1;
+  if (desk == nullptr) return static_cast<int>(exit_status::kFileOrToolMissing);
   const std::unique_ptr<process_runner> runner = desk->ToolRunner();
   program app({*desk, desk->Metrics(), *runner, Now, StateFolder()});
   const host_facts host = ThisHost();
@@ -78,6 +80,7 @@ int RunWindow(const std::string& design_path, int& argument_count, char** argume
   desk->AddShortcut("Escape", app.ids.escape);
   ShowReports(*desk, reports);
   if (!design_path.empty()) OpenFile(app, AbsolutePath(design_path));
+  if (!first_status.empty()) desk->SetStatus(1, first_status);
   ShowRecovered(app);
   desk->KeepWork(Keeper(app));
   const int code = desk->Run([&app](const event& happened) { return HandleEvent(app, happened); });

@@ -19,7 +19,7 @@ std::string WithSlash(std::string folder) {
 }
 
 // What the line `XDG_DOCUMENTS_DIR="..."` of the desktop's list of the user's folders names; of
-// several the last one counts. "$HOME" may begin it. Nothing without such a line.
+// several the last one counts. It begins with "/" or "$HOME". Nothing without such a line.
 std::optional<std::string> ListedDocuments(const std::string& home) {
   constexpr std::string_view kStart = "XDG_DOCUMENTS_DIR=";
   constexpr std::string_view kHome = "$HOME";
@@ -34,12 +34,14 @@ std::optional<std::string> ListedDocuments(const std::string& home) {
     if (!value.starts_with(kStart)) continue;
     value.remove_prefix(kStart.size());
     if (value.ends_with('\r')) value.remove_suffix(1);
-    if (value.size() > 2 && value.starts_with('"') && value.ends_with('"')) {
+    if (value.size() >= 2 && value.starts_with('"') && value.ends_with('"')) {
       value = value.substr(1, value.size() - 2);
     }
-    const bool at_home = value.starts_with(kHome);
-    listed = at_home ? home.substr(0, home.size() - 1) : "";
-    listed->append(at_home ? value.substr(kHome.size()) : value);
+    if (value.starts_with(kHome)) {
+      listed = home.substr(0, home.size() - 1).append(value.substr(kHome.size()));
+    } else if (value.starts_with('/')) {
+      listed = value;
+    }
   }
   return listed;
 }

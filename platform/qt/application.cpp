@@ -24,7 +24,8 @@ bool HasDisplay(int argument_count, char** arguments) {
     const std::string_view given = arguments[i];
     if (given == "-platform" || given == "--platform" || given == "-display") return true;
   }
-  return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY") || IsSet("QT_QPA_PLATFORM");
+  return IsSet("DISPLAY") || IsSet("WAYLAND_DISPLAY") || IsSet("QT_QPA_PLATFORM") ||
+         IsSet("QT_DEBUG_PLUGINS");  // who asks for the toolkit's own words gets them
 #else
   static_cast<void>(argument_count);
   static_cast<void>(arguments);

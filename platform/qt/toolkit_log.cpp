@@ -8,6 +8,8 @@
 namespace mardel {
 namespace {
 
+constexpr int kPartMissing = 3;  // as the command line has it
+
 void TellWhoAsks(const QString& text) {
   if (!qEnvironmentVariableIsSet("QT_DEBUG_PLUGINS")) return;
   std::fprintf(stderr, "%s\n", text.toLocal8Bit().constData());
@@ -18,16 +20,15 @@ void HandleWindowMessage(QtMsgType type, const QMessageLogContext& /*where*/, co
   TellWhoAsks(text);
   if (type != QtFatalMsg) return;
   SayNoWindow();
-  std::_Exit(EXIT_FAILURE);
+  std::_Exit(kPartMissing);
 }
 
 void HandlePictureMessage(QtMsgType type, const QMessageLogContext& /*where*/,
                           const QString& text) {
   TellWhoAsks(text);
   if (type != QtFatalMsg) return;
-  constexpr int kFileMissing = 3;  // as the command line has it
   std::fputs("mardel: the toolkit's part that draws pictures can't be loaded\n", stderr);
-  std::_Exit(kFileMissing);
+  std::_Exit(kPartMissing);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "platform/clock.h"
+#include "tests/support/files.h"
 
 namespace mardel {
 namespace {
@@ -41,6 +42,11 @@ TEST(Host, FoldersEndInASlashOrAreEmpty) {
   EXPECT_EQ(HostFolders().home, "/home/dörte/");
   EXPECT_EQ(HostFolders().documents, "/home/dörte/Documents/");
   EXPECT_EQ(HostFolders().applications, "/opt/");
+  const scratch_folder configured;
+  WriteAll(configured.Path() + "user-dirs.dirs",
+           "XDG_DOCUMENTS_DIR=\"$HOME/Dokumente\"\r\nXDG_DOCUMENTS_DIR=\"\"\n");
+  const variable listing("XDG_CONFIG_HOME", configured.Path().c_str());
+  EXPECT_EQ(HostFolders().documents, "/home/dörte/Dokumente/");
   const variable no_home("HOME", "");
   EXPECT_EQ(HostFolders().home + HostFolders().documents, "");
 }
