@@ -20,13 +20,15 @@ std::string VersionsFolder(const std::string& state_folder, const std::string& d
   return state_folder + "history/" + path.relative_path().string() + "/";
 }
 
-// 0 when it is none.
+// 0 when it is none of ours.
 int NumberOf(std::string_view name) {
   if (!name.ends_with(kDesignSuffix)) return 0;
   name.remove_suffix(kDesignSuffix.size());
   int number = 0;
   const auto [end, problem] = std::from_chars(name.data(), name.data() + name.size(), number);
-  return problem == std::errc() && end == name.data() + name.size() ? number : 0;
+  constexpr int kMost = 1'000'000'000;
+  const bool is_number = problem == std::errc() && end == name.data() + name.size();
+  return is_number && number <= kMost ? number : 0;
 }
 
 std::string PathOf(const std::string& folder, int number) {

@@ -96,7 +96,7 @@ std::string RecoveryText(const recovered_designs& found) {
   if (found.stayed.empty()) return text;
   if (!text.empty()) text += "; ";
   return text + "Unsaved work stays in " + Wording(found.stayed.front(), found.stayed.size()) +
-         ", since " + found.folder + " takes no file";
+         ", since it could not be moved to " + found.folder;
 }
 
 }  // namespace mardel

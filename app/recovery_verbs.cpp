@@ -46,7 +46,8 @@ exit_status Run(const recover_request& /*asked*/) {
   PrintPaths("left", found.stayed);
   const exit_status printed = Finish();
   if (found.stayed.empty()) return printed;
-  return Fail(exit_status::kFileOrToolMissing, found.folder + " takes no file");
+  return Fail(exit_status::kFileOrToolMissing,
+              "what is left could not be moved to " + found.folder);
 }
 
 exit_status Run(const history_request& asked) {

@@ -15,6 +15,7 @@ namespace mardel {
 namespace {
 
 constexpr int kMostFolders = 1000;
+constexpr int kTicksToRetry = 10;
 constexpr std::size_t kMostName = 200;  // leaves room for what recovery adds
 
 // By the design's own name, so that a person knows it.
@@ -29,7 +30,9 @@ std::string CopyName(const std::string& design_path) {
 
 bool unsaved_copy::IsDue(const workspace& work) const {
   if (state_folder_.empty()) return false;
-  return writing_.valid() || (work.document.unsaved_changes && kept_change_ != work.undo.changes);
+  const bool has_changes = work.document.unsaved_changes;
+  return writing_.valid() || (has_changes && kept_change_ != work.undo.changes) ||
+         (has_failed_ && (has_changes || is_only_one_));
 }
 
 void unsaved_copy::Keep(const workspace& work) {
@@ -37,12 +40,13 @@ void unsaved_copy::Keep(const workspace& work) {
   if (!IsDue(work) || IsDragging(work.hand)) return;
   if (writing_.valid() && writing_.wait_for(0s) == std::future_status::timeout) return;
   Finish();
-  if (IsDue(work)) Begin(work);
+  if (!IsDue(work)) return;
+  if (has_failed_ && kept_change_ == work.undo.changes && ++skipped_ < kTicksToRetry) return;
+  Begin(work);
 }
 
 void unsaved_copy::KeepNow(const workspace& work) {
   Finish();
-  if (has_failed_) kept_change_.reset();
   if (IsDue(work)) Begin(work);
   Finish();
 }
@@ -63,7 +67,7 @@ void unsaved_copy::Remove() {
   }
   lock_ = descriptor();
   kept_change_.reset();
-  is_only_one_ = false;
+  is_only_one_ = has_failed_ = false;
 }
 
 void unsaved_copy::GiveUp() {
@@ -71,7 +75,7 @@ void unsaved_copy::GiveUp() {
   Finish();
   lock_ = descriptor();
   kept_change_.reset();
-  is_only_one_ = false;
+  is_only_one_ = has_failed_ = false;
 }
 
 bool unsaved_copy::TakeFailure() {
@@ -90,7 +94,9 @@ bool unsaved_copy::ClaimFolder() {
   if (!MakeFolders(all, folder_reader::kOwner)) return false;
   for (int number = 1; number <= kMostFolders; ++number) {
     folder_ = all + std::to_string(number) + "/";
-    if (!MakeNewFolder(folder_)) continue;
+    const new_file_status made = MakeNewFolder(folder_);
+    if (made == new_file_status::kFailed) break;
+    if (made == new_file_status::kNameTaken) continue;
     file_lock lock = LockFile(folder_ + std::string(kRecoveryLock), lock_target::kNewFile);
     lock_ = std::move(lock.file);
     if (lock_.IsOpen()) return true;
@@ -104,6 +110,7 @@ bool unsaved_copy::ClaimFolder() {
 void unsaved_copy::Begin(const workspace& work) try {
   kept_change_ = work.undo.changes;
   has_failed_ = false;
+  skipped_ = 0;
   if (!HoldsFolder()) {
     if (!ClaimFolder()) {
       has_failed_ = true;
@@ -120,7 +127,9 @@ void unsaved_copy::Begin(const workspace& work) try {
 }
 
 void unsaved_copy::Finish() try {
-  if (writing_.valid() && writing_.get() != write_status::kWritten) has_failed_ = true;
+  if (!writing_.valid()) return;
+  has_failed_ = writing_.get() != write_status::kWritten;
+  if (!has_failed_) was_told_ = false;
 } catch (const std::bad_alloc&) {
   has_failed_ = true;
 }

@@ -22,7 +22,7 @@ class unsaved_copy {
   // Whether there are changes that no copy on the disk holds.
   bool IsDue(const workspace& work) const;
   // Begins to write the copy if it is due; later, when the mouse is down or the one before is still
-  // being written.
+  // being written. What failed is tried again at the first change, else now and then.
   void Keep(const workspace& work);
   // The same at once, even when it failed before, and waits for the disk.
   void KeepNow(const workspace& work);
@@ -34,7 +34,7 @@ class unsaved_copy {
   // The user gave up the changes, or the whole design.
   void GiveUp();
 
-  // True the first time that it is asked after a copy could not be written.
+  // True once while no copy can be written.
   bool TakeFailure();
 
  private:
@@ -51,6 +51,7 @@ class unsaved_copy {
   bool is_only_one_ = false;
   bool has_failed_ = false;  // the last time
   bool was_told_ = false;
+  int skipped_ = 0;  // calls of Keep since then
 };
 
 }  // namespace mardel

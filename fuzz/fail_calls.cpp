@@ -27,7 +27,7 @@
 namespace mardel {
 namespace {
 
-enum class call_kind { kAny, kMakesFile, kRename, kLink };
+enum class call_kind { kAny, kMakesFile, kRename, kLink, kNewName };
 
 struct plan {
   call_kind refused = call_kind::kAny;  // always, unless kAny
@@ -49,7 +49,8 @@ bool Fails(call_kind kind) {
   faults& of = Faults();
   if (!of.are_on) return false;
   ++of.calls;
-  const bool is_refused = kind != call_kind::kAny && kind == of.refused;
+  const bool is_copied = of.refused == call_kind::kNewName && kind == call_kind::kLink;
+  const bool is_refused = kind != call_kind::kAny && (kind == of.refused || is_copied);
   if (!is_refused && (of.calls < of.first || of.calls > of.last)) return false;
   errno = is_refused ? EACCES : of.error;
   return true;
@@ -88,6 +89,9 @@ REPLACE(int, fchown, kAny, (int file, uid_t user, gid_t group), file, user, grou
 REPLACE(int, fchmod, kAny, (int file, mode_t mode), file, mode)
 REPLACE(int, ftruncate, kAny, (int file, off_t size), file, size)
 REPLACE(int, rename, call_kind::kRename, (const char* from, const char* to), from, to)
+REPLACE(int, renameat2, call_kind::kNewName,
+        (int from_in, const char* from, int to_in, const char* to, unsigned how), from_in, from,
+        to_in, to, how)
 REPLACE(int, unlink, kAny, (const char* path), path)
 REPLACE(int, remove, kAny, (const char* path), path)
 REPLACE(int, link, call_kind::kLink, (const char* from, const char* to), from, to)
@@ -200,6 +204,7 @@ struct keeper {
 };
 constexpr keeper kKeepers[] = {{"a recovery", Recover, kAny},
                                {"a recovery by copies", Recover, call_kind::kLink},
+                               {"a recovery by old renames", Recover, call_kind::kNewName},
                                {"a version", KeepOldVersion, kAny},
                                {"a copy", KeepCopy, kAny}};
 

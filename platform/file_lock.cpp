@@ -11,17 +11,18 @@
 namespace mardel {
 
 file_lock LockFile(const std::string& path, lock_target target) {
-  const int fresh = target == lock_target::kNewFile ? O_EXCL : 0;
+  const bool is_new = target == lock_target::kNewFile;
+  const int fresh = is_new ? O_EXCL : 0;
   descriptor file(
       open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC | fresh, 0600));
-  if (!file.IsOpen()) return {descriptor(), false};
+  if (!file.IsOpen()) return {descriptor(), is_new && (errno == EEXIST || errno == ENOENT)};
   if (flock(file.Number(), LOCK_EX | LOCK_NB) != 0) {
     const bool is_held = errno == EWOULDBLOCK;
-    if (!is_held && target == lock_target::kNewFile) unlink(path.c_str());
+    if (!is_held && is_new) unlink(path.c_str());
     return {descriptor(), is_held};
   }
   // Between the two calls its last holder may have removed it.
-  if (!IsNamed(file, path)) return {descriptor(), false};
+  if (!IsNamed(file, path)) return {descriptor(), is_new};
   return {std::move(file), false};
 }
 

@@ -11,7 +11,7 @@ enum class lock_target { kNewFile, kAnyFile };
 
 struct file_lock {
   descriptor file;                // open while the lock is held
-  bool is_held_by_other = false;  // which is why it is not
+  bool is_held_by_other = false;  // which is why it is not; of a new file, another was quicker
 };
 
 // Makes the file where it is missing. Fails, too, on file systems without locks, where a new file

@@ -34,7 +34,8 @@ std::string ReadingFailure(const std::string& path) {
 }
 
 std::string WritingFailure(const std::string& path, write_status how) {
-  if (IsFault(how)) return "disk full or the like";
+  if (how == write_status::kDamaged) return "disk full or the like; the old file may be damaged";
+  if (how == write_status::kFailed) return "disk full or the like";
   if (IsFolder(path)) return Reason(EISDIR);
   struct stat found{};
   if (stat(path.c_str(), &found) == 0) {

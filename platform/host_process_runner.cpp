@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <utility>
 
 #include "platform/descriptor.h"
@@ -16,8 +17,9 @@
 namespace mardel {
 namespace {
 
-constexpr int kPatience = 20;  // milliseconds between two looks at a tool that is silent
-constexpr int kSoon = 1;       // the same when it has closed its outputs and is about to end
+constexpr int kPatience = 20;          // milliseconds between two looks at a tool that is silent
+constexpr int kUnknownEnd = 127 << 8;  // an exit code, as waitpid has it
+constexpr int kSoon = 1;  // the same when it has closed its outputs and is about to end
 
 // What a tool writes, taken as it comes, in bounded memory.
 class output_pipe {
@@ -108,6 +110,7 @@ tool_result host_process_runner::RunTool(const std::string& program, const std::
   output_pipe errors(kMostToolErrors);
   if (!output.Open()) return {};
   if (errors_ == tool_errors::kKept && !errors.Open()) return {};
+  std::signal(SIGCHLD, SIG_DFL);  // a launcher may have it ignored, and so the exit code lost
   const pid_t child = Start(program, arguments, output.EndOfTool(), errors.EndOfTool());
   if (child < 0) return {};
   output.ToolHasStarted();
@@ -115,7 +118,9 @@ tool_result host_process_runner::RunTool(const std::string& program, const std::
 
   int status = 0;
   for (bool ended = false; !ended;) {
-    ended = waitpid(child, &status, WNOHANG) != 0;
+    const pid_t found = waitpid(child, &status, WNOHANG);
+    if (found < 0) status = kUnknownEnd;
+    ended = found != 0;
     if (!ended) {
       std::array<pollfd, 2> awaited = {output.Awaited(), errors.Awaited()};
       poll(awaited.data(), awaited.size(), output.IsOpen() || errors.IsOpen() ? kPatience : kSoon);

@@ -12,7 +12,8 @@ namespace mardel {
 
 enum class new_file_status { kMade, kNameTaken, kFailed };
 
-// Whole and on the disk, or not at all; a crash may leave an empty file.
+// Whole and on the disk, or not at all. A crash may leave a temporary, which the next such file
+// removes, and an empty file where the file system has no rename that spares other files.
 new_file_status WriteNewFile(const std::string& path, std::string_view content);
 
 // Across disks the file is copied before it goes. When it fails, `from` is as it was.

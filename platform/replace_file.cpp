@@ -1,14 +1,19 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#if defined(__linux__)
+#include <sys/xattr.h>
+#endif
 
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <cstdio>
 #include <filesystem>
 
 #include "platform/file_lock.h"
 #include "platform/files.h"
+#include "platform/new_file.h"
 #include "platform/path.h"
 #include "platform/temporary.h"
 
@@ -107,15 +112,33 @@ struct old_file {
   struct stat status{};
 };
 
+#if defined(__linux__)
+// The list of who else may do what. With one the group's permissions bound it; without, they are
+// the group's own.
+bool TakeOverList(const descriptor& file, const std::string& target) {
+  constexpr const char* kList = "system.posix_acl_access";
+  const ssize_t size = getxattr(target.c_str(), kList, nullptr, 0);
+  if (size <= 0) return true;
+  std::string list(static_cast<std::size_t>(size), '\0');
+  return getxattr(target.c_str(), kList, list.data(), list.size()) == size &&
+         fsetxattr(file.Number(), kList, list.data(), list.size(), 0) == 0;
+}
+#else
+bool TakeOverList(const descriptor& /*file*/, const std::string& /*target*/) {
+  return true;
+}
+#endif
+
 // Old permissions, and the old owner where this user may give files away. False when the file would
 // keep others than the old permissions, although its file system has some.
-bool TakeOver(const descriptor& file, const old_file& old) {
+bool TakeOver(const descriptor& file, const std::string& target, const old_file& old) {
   if (!old.exists) return true;
   if (fchown(file.Number(), old.status.st_uid, old.status.st_gid) != 0) {
     static_cast<void>(fchown(file.Number(), static_cast<uid_t>(-1), old.status.st_gid) == 0);
   }
-  return fchmod(file.Number(), old.status.st_mode & 07777U) == 0 || errno == EPERM ||
-         errno == ENOTSUP;
+  const bool has_mode =
+      fchmod(file.Number(), old.status.st_mode & 07777U) == 0 || errno == EPERM || errno == ENOTSUP;
+  return has_mode && TakeOverList(file, target);
 }
 
 // What is longer than before is written first: while that fails, the old content is untouched.
@@ -152,20 +175,50 @@ write_status ReplaceTarget(const std::string& target, std::string_view content,
   const temporary beside = MakeTemporary(target, mode);
   if (!beside.file.IsOpen()) return WithoutTemporary(target, content, beside.error, old);
 
-  if (!WriteAt(beside.file, content, 0) || !TakeOver(beside.file, old) || !Flush(beside.file)) {
+  if (!WriteAt(beside.file, content, 0) || !TakeOver(beside.file, target, old) ||
+      !Flush(beside.file)) {
     unlink(beside.path.c_str());
     return write_status::kFailed;
   }
   if (rename(beside.path.c_str(), target.c_str()) != 0) {
     const int error = errno;
     unlink(beside.path.c_str());
+    if (error == ENOENT) return write_status::kFailed;  // somebody removed it, or the folder
     return WithoutTemporary(target, content, error, old);
   }
   FlushFolder(target);
   return write_status::kWritten;
 }
 
+// 0, or why not. Another file's name is never taken.
+int GiveNewName(const std::string& from, const std::string& to) {
+#if defined(RENAME_NOREPLACE)
+  if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
+  if (errno == EEXIST) return EEXIST;
+#endif
+  constexpr int kReserve = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+  if (const descriptor reserved(open(to.c_str(), kReserve, 0666)); !reserved.IsOpen()) return errno;
+  if (rename(from.c_str(), to.c_str()) == 0) return 0;
+  const int error = errno;
+  unlink(to.c_str());
+  return error;
+}
+
 }  // namespace
+
+new_file_status WriteNewFile(const std::string& path, std::string_view content) {
+  const size_limit_signal_held held;
+  const temporary beside = MakeTemporary(path, 0666);
+  if (!beside.file.IsOpen()) return new_file_status::kFailed;
+  const bool is_written = WriteAt(beside.file, content, 0) && Flush(beside.file);
+  const int error = is_written ? GiveNewName(beside.path, path) : EIO;
+  if (error == 0) {
+    FlushFolder(path);
+    return new_file_status::kMade;
+  }
+  unlink(beside.path.c_str());
+  return error == EEXIST ? new_file_status::kNameTaken : new_file_status::kFailed;
+}
 
 write_status ReplaceFile(const std::string& path, std::string_view content) {
   const size_limit_signal_held held;

@@ -34,8 +34,9 @@ bool MakeFolders(const std::string& path, folder_reader reader) {
   return std::filesystem::is_directory(path, missing);
 }
 
-bool MakeNewFolder(const std::string& path) {
-  return mkdir(path.c_str(), 0700) == 0;
+new_file_status MakeNewFolder(const std::string& path) {
+  if (mkdir(path.c_str(), 0700) == 0) return new_file_status::kMade;
+  return errno == EEXIST ? new_file_status::kNameTaken : new_file_status::kFailed;
 }
 
 std::vector<std::string> ListFolders(const std::string& folder) {

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/new_file.h"
+
 namespace mardel {
 
 // "mardel/" where this user's programs keep their state: below XDG_STATE_HOME, else below
@@ -17,8 +19,8 @@ enum class folder_reader { kAnyone, kOwner };
 // Makes the folder, which ends in "/", and those that lead to it; true when it is there then.
 bool MakeFolders(const std::string& path, folder_reader reader);
 
-// Makes one folder that only its owner reads. False when something has its name.
-bool MakeNewFolder(const std::string& path);
+// Makes one folder that only its owner reads.
+new_file_status MakeNewFolder(const std::string& path);
 
 // Names of the folders in `folder`, links left out.
 std::vector<std::string> ListFolders(const std::string& folder);

@@ -97,6 +97,9 @@ exit_status Run(const merge_request& asked) {
     std::cerr << ReportText({.file = asked.ours, .what = each}) << std::endl;
   }
   if (!lost.empty()) return Fail(exit_status::kRefused, asked.ours + " was left as it is");
+  if (text.size() > kMostFileBytes) {
+    return Fail(exit_status::kRefused, asked.ours + " was left as it is: too large to be opened");
+  }
   const exit_status written = WriteOutput(asked.ours, text);
   for (const std::string& each : conflicts) {
     std::cerr << EscapeControls(asked.ours + ": conflict: " + each) << '\n';

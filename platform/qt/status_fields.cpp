@@ -18,6 +18,7 @@ class status_field : public QWidget {
   void Show(const QString& text) {
     text_ = text;
     setAccessibleName(text);
+    setToolTip(TooltipText(FromQt(text)));  // whole, where the field is too narrow
     update();
   }
 

@@ -22,5 +22,4 @@ outlives() (
   grep "<text_str>$1</text_str>" Recovered/Untitled*.mrd >/dev/null
 )
 
-outlives TERM
-outlives display
+for end in TERM HUP display; do outlives "$end"; done

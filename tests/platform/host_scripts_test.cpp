@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <csignal>
 #include <functional>
 #include <regex>
 
@@ -109,6 +110,7 @@ class host_player {
       {"run", [this](a w) { return Run(w[0], w[1]); }},
       {"exit_code_of",
        [](a w) {
+         std::signal(SIGCHLD, SIG_IGN);  // as some launchers leave it
          return lines{std::to_string(host_process_runner().RunTool(w[0], "").exit_code)};
        }},
       {"read", [](a w) { return lines{Shown(ReadFile(w[0]).value_or("nothing"))}; }},
