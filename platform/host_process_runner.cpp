@@ -17,9 +17,9 @@
 namespace mardel {
 namespace {
 
-constexpr int kPatience = 20;          // milliseconds between two looks at a tool that is silent
-constexpr int kUnknownEnd = 127 << 8;  // an exit code, as waitpid has it
-constexpr int kSoon = 1;  // the same when it has closed its outputs and is about to end
+constexpr int kPatience = 20;  // milliseconds between two looks at a tool that is silent
+constexpr int kSoon = 1;       // the same when it has closed its outputs and is about to end
+constexpr int kUnknownEnd = 127 << 8;  // exit code 127, as waitpid has it
 
 // What a tool writes, taken as it comes, in bounded memory.
 class output_pipe {

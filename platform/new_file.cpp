@@ -28,7 +28,8 @@ new_file_status MoveFile(const std::string& from, const std::string& to) {
   } else if (const new_file_status made = CopyFile(from, to); made != new_file_status::kMade) {
     return made;
   }
-  if (unlink(from.c_str()) == 0) return new_file_status::kMade;
+  // A faulty disk may refuse, and yet have done it.
+  if (unlink(from.c_str()) == 0 || !FactsOf(from)) return new_file_status::kMade;
   unlink(to.c_str());  // else each start would move it once more
   return new_file_status::kFailed;
 }

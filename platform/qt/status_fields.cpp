@@ -18,20 +18,30 @@ class status_field : public QWidget {
   void Show(const QString& text) {
     text_ = text;
     setAccessibleName(text);
-    setToolTip(TooltipText(FromQt(text)));  // whole, where the field is too narrow
     update();
   }
 
  protected:
+  bool event(QEvent* happened) override {
+    if (happened->type() == QEvent::ToolTip) {
+      setToolTip(Fitting() == text_ ? QString() : TooltipText(FromQt(text_)));
+    }
+    return QWidget::event(happened);
+  }
+
   void paintEvent(QPaintEvent* /*happened*/) override {
-    constexpr int kMargin = 4;
-    const QRect room = rect().adjusted(kMargin, 0, -kMargin, 0);
-    QPainter target(this);
-    target.drawText(room, Qt::AlignVCenter | Qt::TextSingleLine,
-                    fontMetrics().elidedText(text_, Qt::ElideRight, room.width()));
+    QPainter(this).drawText(Room(), Qt::AlignVCenter | Qt::TextSingleLine, Fitting());
   }
 
  private:
+  QRect Room() const {
+    constexpr int kMargin = 4;
+    return rect().adjusted(kMargin, 0, -kMargin, 0);
+  }
+  QString Fitting() const {
+    return fontMetrics().elidedText(text_, Qt::ElideRight, Room().width());
+  }
+
   QString text_;
 };
 
