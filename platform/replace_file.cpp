@@ -113,12 +113,15 @@ struct old_file {
 };
 
 #if defined(__linux__)
-// The list of who else may do what. With one the group's permissions bound it; without, they are
-// the group's own.
+// The list of who else may do what, or none. With one the group's permissions bound it; without,
+// they are the group's own.
 bool TakeOverList(const descriptor& file, const std::string& target) {
   constexpr const char* kList = "system.posix_acl_access";
   const ssize_t size = getxattr(target.c_str(), kList, nullptr, 0);
-  if (size <= 0) return true;
+  if (size <= 0) {
+    fremovexattr(file.Number(), kList);  // which the folder may have given it
+    return true;
+  }
   std::string list(static_cast<std::size_t>(size), '\0');
   return getxattr(target.c_str(), kList, list.data(), list.size()) == size &&
          fsetxattr(file.Number(), kList, list.data(), list.size(), 0) == 0;
@@ -136,9 +139,10 @@ bool TakeOver(const descriptor& file, const std::string& target, const old_file&
   if (fchown(file.Number(), old.status.st_uid, old.status.st_gid) != 0) {
     static_cast<void>(fchown(file.Number(), static_cast<uid_t>(-1), old.status.st_gid) == 0);
   }
-  const bool has_mode =
-      fchmod(file.Number(), old.status.st_mode & 07777U) == 0 || errno == EPERM || errno == ENOTSUP;
-  return has_mode && TakeOverList(file, target);
+  // Without its list the file is no worse off than to be closed to the group.
+  const mode_t kept = TakeOverList(file, target) ? 07777U : 07707U;
+  return fchmod(file.Number(), old.status.st_mode & kept) == 0 || errno == EPERM ||
+         errno == ENOTSUP;
 }
 
 // What is longer than before is written first: while that fails, the old content is untouched.
